@@ -1,0 +1,48 @@
+// Exact decimals: 96 bits of digits and up to 28 of them behind the point, as in the numbers
+// that the masks compute with.
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace tallowbrook {
+
+// All operations give nothing where the result leaves the range: a step that fails.
+class Decimal {
+ public:
+  Decimal() = default;
+  Decimal(std::int64_t value) : digits_(value) {}  // NOLINT: a whole number is a decimal
+
+  // Blanks around, a sign, digits, one point: "12", "-0.50", " 7". Nothing for any other text,
+  // an empty one included.
+  static std::optional<Decimal> Parse(std::string_view text);
+
+  std::optional<Decimal> Plus(const Decimal& other) const;
+  std::optional<Decimal> Minus(const Decimal& other) const;
+  std::optional<Decimal> Times(const Decimal& other) const;
+
+  // Without trailing zeros behind the point: "12", "-0.5".
+  std::string ToText() const;
+  // Rounded to a whole number, halves to the even one. Nothing beyond 32 bits.
+  std::optional<std::int32_t> ToInt32() const;
+
+  bool operator==(const Decimal& other) const;
+  bool operator<(const Decimal& other) const;
+
+ private:
+  __extension__ typedef __int128 Wide;
+  Decimal(Wide digits, int scale) : digits_(digits), scale_(scale) {}
+  static std::optional<Decimal> Checked(Wide digits, int scale);
+  static bool Align(Decimal& a, Decimal& b);
+
+  Wide digits_ = 0;  // the value times 10 to the power of scale_
+  int scale_ = 0;
+};
+
+bool IsNumeric(std::string_view text);
+// The number at the start of a text, 0 if there is none: "12abc" is 12.
+Decimal LeadingNumber(std::string_view text);
+
+}  // namespace tallowbrook

@@ -1,0 +1,27 @@
+// The status bar: pane 0 takes messages, pane 1 the row count. Everybody writes through one.
+#pragma once
+
+#include <array>
+#include <functional>
+#include <string>
+#include <string_view>
+
+namespace tallowbrook {
+
+class StatusBar {
+ public:
+  // Costs a copy into memory that is already there; long work calls it for every row. The
+  // window decides how often it paints.
+  void Set(std::size_t pane, std::string_view text) {
+    panes_.at(pane).assign(text);
+    if (changed) changed(pane);
+  }
+  const std::string& Pane(std::size_t pane) const { return panes_.at(pane); }
+
+  std::function<void(std::size_t pane)> changed;
+
+ private:
+  std::array<std::string, 2> panes_;
+};
+
+}  // namespace tallowbrook

@@ -1,0 +1,61 @@
+// The five pages and the copy/move panel: their captions, frames and buttons, and the rules that
+// run when a setting changes.
+#pragma once
+
+#include <functional>
+
+#include "base/dialogs.h"
+#include "engine/preview.h"
+#include "engine/rename_settings.h"
+#include "engine/unique_panel.h"
+#include "filelist/list_pane.h"
+#include "platform/clock.h"
+
+namespace tallowbrook {
+
+class RenamePages {
+ public:
+  RenamePages(Screen& screen, RenameSettings& settings, ListPane& pane, Preview& preview,
+              Dialogs& dialogs, Clock& clock);
+
+  Frame Frame1;           // page "File Name Properties"
+  Frame Frame_Filename;   // the name's panel; a drop on it clears the name's history
+  Label Label3;           // "Sample File Name:"
+  Label Label_SampleFileName;
+  Frame Frame_Advanced;      // the mask's panel
+  Frame Frame_AdvancedDate;  // the date's panel, in the same place
+  Frame Frame_CopyMove;
+  Label Lbl_MoveTo;          // "Copy To:" or "Move To:"
+  ButtonPair BrowseMoveTo;   // Cmd_BrowseMoveTo, PushButton_Browse
+  ButtonPair ClearComboBox;
+  ButtonPair ClearComboBoxName;
+  UniquePanel unique;
+
+  // Fills the item lists and sets the defaults. Prefix, suffix, masks, search texts, options,
+  // the move target and all histories keep their values.
+  void ResetSettings();
+  void RefreshSampleFileName();
+  // Check_MoveEnable decides whether Txt_MoveTo takes typing.
+  void UpdateMoveControls();
+  void ClearFindReplaceHistory();
+  void ClearFilenameHistory();
+  // Puts the focus and the panels of a page in place; `index` as of TabIndex.
+  void ShowTabPage(int index);
+
+ private:
+  void WirePanelRules();
+  void WireSampleRefresh();
+  void ResetLists();
+  void ResetDates();
+  void OriginalClicked();
+  void ExtensionClicked();
+  void AdvancedTypeClicked(bool changeDate);
+
+  Screen& screen_;
+  RenameSettings& settings_;
+  ListPane& pane_;
+  Preview& preview_;
+  Clock& clock_;
+};
+
+}  // namespace tallowbrook

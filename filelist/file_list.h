@@ -1,0 +1,112 @@
+// The list: its rows, its columns, its sort. Every text that can be computed from a row is
+// computed when it is asked for.
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <functional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "filelist/file_entry.h"
+
+namespace tallowbrook {
+
+// By the order of the column headers, from 1.
+enum class Column {
+  Row = 1,
+  FileName,
+  NewFileName,
+  Size,
+  Ext,
+  Date,
+  Directory,
+  BaseSize,  // hidden sort key
+  BaseDate,  // hidden sort key
+};
+inline constexpr int columnCount = 9;
+
+struct ColumnFacts {
+  std::string_view caption;
+  int widthTwips;  // 1440 to the inch; 0 is hidden
+  bool rightAligned;
+};
+const ColumnFacts& FactsOf(Column column);
+
+// What has happened to the list since it last told; rows count from 1.
+struct ListChange {
+  enum class Kind {
+    Reset,     // all rows are others
+    Appended,  // rows were added at the end
+    Rows,      // the texts, marks or colours of rows first to last
+    State,     // a caption, the visibility
+  };
+  Kind kind;
+  std::size_t first = 0;
+  std::size_t last = 0;
+};
+
+class FileList {
+ public:
+  std::size_t Count() const { return rows_.size(); }
+  FileEntry& Row(std::size_t number) { return rows_[number - 1]; }
+  const FileEntry& Row(std::size_t number) const { return rows_[number - 1]; }
+  // The folder of the row, with "/" at its end. Valid until a folder is added or renamed.
+  const std::string& Directory(std::size_t number) const;
+  std::string FullPath(std::size_t number) const;
+  std::string Cell(std::size_t number, Column column) const;
+
+  FolderTable& Folders() { return folders_; }
+
+  // Appends; returns the new row's number.
+  std::size_t Add(FileEntry entry);
+  void Clear();
+
+  // Check marks. SetChecked is for the user's own clicks and commands on single rows.
+  void SetChecked(std::size_t number, bool checked);
+  // 1 checks all, 2 none, 3 inverts.
+  void SetAllChecks(int mode);
+  // Checks the first row from `start` on (0 counts as 1) and every step-th behind it, unchecks
+  // all others; a step of 0 unchecks all. Rows that still stand as the same pattern left them
+  // are not visited again.
+  void ApplyPattern(std::int64_t start, std::int64_t step);
+  std::size_t CountCheckedFiles() const;
+
+  // A click on a header: sorts by it; the order flips with every click on any header.
+  void SortByColumn(Column column);
+  // Called before and after a bulk change: sorting is off in between, and done once at its end.
+  void ToggleListSort();
+
+  const std::string& Caption(Column column) const;
+  void SetCaption(Column column, std::string_view caption);
+  bool Visible() const { return visible_; }
+  void SetVisible(bool visible);
+
+  std::function<void(const ListChange&)> changed;
+  void TellRows(std::size_t first, std::size_t last) const;
+
+ private:
+  void Tell(ListChange::Kind kind) const;
+  void Sort();
+
+  std::vector<FileEntry> rows_;
+  FolderTable folders_;
+  std::array<std::string, columnCount> captions_;
+  bool visible_ = true;
+
+  // The pattern that rows 1 to patterned_ stand as.
+  std::int64_t patternStart_ = -1;
+  std::int64_t patternStep_ = -1;
+  std::size_t patterned_ = 0;
+
+  bool sorted_ = false;
+  bool sortSuspended_ = false;
+  bool ascending_ = true;
+  Column sortColumn_ = Column::Row;
+};
+
+// "1,234" for 1,234,499 bytes: thousands of bytes, rounded, halves up.
+std::string SizeText(std::int64_t bytes);
+
+}  // namespace tallowbrook

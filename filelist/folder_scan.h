@@ -1,0 +1,126 @@
+// The scan: fills the list from a folder, from a tree, or from what was dropped on it.
+//
+// A fill lets pending events through at every tenth row, and any handler may run there; stops are
+// flags that are looked at between files.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "base/pending_events.h"
+#include "base/status_bar.h"
+#include "filelist/file_list.h"
+#include "filelist/list_pane.h"
+#include "platform/clock.h"
+#include "platform/files.h"
+
+namespace tallowbrook {
+
+// Reads one tag of a JPEG file, trimmed; empty without one. 36867 is the date of exposure.
+class ExifTags {
+ public:
+  virtual ~ExifTags() = default;
+  virtual std::string ReadExifTag(const std::string& path, int tag) = 0;
+};
+
+// What the scan needs of the world.
+struct ScanWorld {
+  Files& files;
+  Clock& clock;
+  PendingEvents& events;
+  StatusBar& status;
+  ExifTags* exif = nullptr;  // without one, photos show their file dates
+};
+
+class FolderScan {
+ public:
+  FolderScan(ScanWorld world, FileList& list, ListPane& pane);
+
+  // State, under the names that the rest of the program knows.
+  bool ScanInProgress = false;
+  bool AbortRequested = false;
+  bool ExitAfterScan = false;
+  bool StopSubfolderScan = false;
+  bool LastScanWasRecursive = false;
+  bool ThumbnailMode = false;
+  std::string LastScanFolder;
+  double FilesFound = 0;
+  double ThumbnailsFound = 0;
+  int ShowEXIFDateCreated = 1;
+  int DateColumnMode = 0;  // 1: the list shows dates of creation, 0: of modification
+
+  // Runs the end of the program, when it was asked for during a scan.
+  std::function<void()> exitProgram;
+  // Runs when the pane turns to folders or back: the search options depend on it.
+  std::function<void()> viewChanged;
+
+  // Replaces the list by one folder's entries. During a running fill: stops that one instead.
+  void ScanFolder(const std::string& path);
+  // Appends one folder's entries.
+  void ListFolderEntries(const std::string& path);
+  // Appends the entries of every folder below `path`, breadth first within a level. Folders that
+  // are links are rows but are not walked into.
+  void ScanSubfolders(const std::string& path);
+  // Starts a subfolder scan of the last folder, or stops the running one.
+  void ToggleSubfolderScan();
+  // Appends one file; a full path with an empty directory is split.
+  void AddListRow(std::string name, std::string directory);
+  void ClearFileList();
+  // Fills the list again as it was last filled; a subfolder scan adds to what is there.
+  void FilterList();
+  void ApplyCheckPattern();
+  void SetAllChecks(int mode);
+  // Files and folders dropped on the list: added to what is there.
+  void AddDropped(const std::vector<std::string>& paths);
+  // True for an existing folder. Outer blanks of the path don't count.
+  bool IsDirectory(const std::string& path);
+  // General date text of the file's date by DateColumnMode; empty if the file is gone.
+  std::string GetListDate(const std::string& path);
+
+  // Selects a folder as a click in the tree does; what is no folder leaves all as it was.
+  void SelectFolder(const std::string& path);
+
+  // The window's keys. AddressKey is any key but Enter in Txt_Address.
+  void AddressKey();
+  void AddressEnter();
+  void CompleteFolder();  // Combo1's text has changed
+
+ private:
+  // Immediate subfolders, in the listing's order.
+  struct SubfolderList {
+    std::string path;
+    std::vector<std::string> folders;  // full paths, without "/" at the end
+    std::vector<bool> links;
+    // False, and the former folder stays, if the folder can't be read.
+    bool SetPath(Files& files, const std::string& newPath);
+    void Fill(const FolderListing& listing, const std::string& newPath);
+  };
+
+  void ListFiles(const FolderListing& listing, const std::string& folder, bool& aborted);
+  bool ListFolders(const std::string& folder);
+  void FinishListing();
+  void AddFileRow(std::string_view name, const std::string& directory,
+                  const std::optional<FileFacts>& facts);
+  void AddFolderRow(const std::string& path);
+  std::optional<Date> ListDate(const FileFacts& facts);
+  std::optional<Date> ExifDate(const std::string& path, std::string_view extension);
+  void ShowCount();
+  void SetProgress(std::size_t value, std::size_t maximum);
+  void WalkLevel(const SubfolderList& level);
+  void ShowFiles();
+  void ShowFolders();
+  void WireRules();
+
+  ScanWorld world_;
+  FileList& list_;
+  ListPane& pane_;
+  SubfolderList Dir1_;  // folders mode
+  SubfolderList Dir3_;  // completion
+};
+
+// "YYYY:MM:DD HH:MM:SS" with NUL bytes behind; the zero date for anything else.
+Date ParseExifDate(std::string_view text);
+// Behind the last dot; empty without one.
+std::string GetFileExtension(std::string_view name);
+
+}  // namespace tallowbrook

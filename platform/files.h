@@ -1,0 +1,118 @@
+// What we need of the file system: listing, facts, rename, copy, delete, appending.
+//
+// Files is the one way to the disk. The program hands out SystemFiles; a test may wrap it in a
+// forwarding Files that fails a chosen call. Paths are bytes, "/" separates, a folder's path ends
+// in "/" wherever it is called `folder`. No routine throws for anything the disk does.
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "platform/file_error.h"
+
+namespace tallowbrook {
+
+enum class EntryKind : std::uint8_t {
+  File,          // a regular file or a link to one
+  Folder,
+  FolderLink,    // a symbolic link to a folder
+  Other,         // sockets, devices, links to nothing
+};
+
+// Times are POSIX seconds.
+struct FileFacts {
+  EntryKind kind = EntryKind::Other;
+  std::int64_t size = 0;
+  std::int64_t modified = 0;
+  std::int64_t created = 0;  // the birth time; the modification time where there is none
+};
+
+// One open folder and its entries, read once, by name ignoring case (equal ones by bytes).
+// "." and ".." are not among them, nor are hidden entries: names with a leading dot.
+class FolderListing {
+ public:
+  virtual ~FolderListing() = default;
+  virtual std::size_t Size() const = 0;
+  // Valid as long as the listing. The name is followed by a NUL byte.
+  virtual std::string_view Name(std::size_t index) const = 0;
+  virtual EntryKind Kind(std::size_t index) const = 0;
+  // One statx, relative to the open folder, of what the entry leads to. Nothing if it has gone.
+  virtual std::optional<FileFacts> Facts(std::size_t index) const = 0;
+};
+
+// A file that is only ever appended to, each Write one system call on the way to the end.
+class AppendFile {
+ public:
+  virtual ~AppendFile() = default;
+  virtual FileError Write(std::string_view bytes) = 0;
+};
+
+class Files {
+ public:
+  virtual ~Files() = default;
+
+  // Null, and *error set if given, if the folder can't be opened and read.
+  virtual std::unique_ptr<FolderListing> ListFolder(const std::string& path,
+                                                    FileError* error = nullptr) = 0;
+  // Of what the path leads to, links followed.
+  virtual std::optional<FileFacts> Facts(const std::string& path) = 0;
+  // True if anything stands at the path, a dangling link included.
+  virtual bool Exists(const std::string& path) = 0;
+
+  // Renames within one folder and never replaces. A link is renamed itself. InvalidName for a
+  // name that IsValidName refuses. To its own name: None if it is there. A change of case only
+  // works on a file system that ignores case; a second hard link is a collision.
+  virtual FileError Rename(const std::string& folder, const std::string& name,
+                           const std::string& newName) = 0;
+  // Copies a file's bytes, permissions and modification time; a target is replaced as a whole or
+  // not at all. SameFile if both paths lead to one file, IsFolder for a folder.
+  virtual FileError Copy(const std::string& source, const std::string& target) = 0;
+  // Files and links, for good; IsFolder for a folder.
+  virtual FileError Delete(const std::string& path) = 0;
+
+  // Creates the file if it is missing. Null, and *error set if given, on failure. A last line
+  // that a killed program left without its end gets one, so that the next line stands alone;
+  // a file that ends in one of `wholeEnds` is left as it is.
+  virtual std::unique_ptr<AppendFile> OpenForAppend(const std::string& path,
+                                                    std::string_view wholeEnds,
+                                                    FileError* error = nullptr) = 0;
+  // The whole file. Nothing if it can't be read.
+  virtual std::optional<std::string> ReadWhole(const std::string& path) = 0;
+};
+
+// 1 to 255 bytes, not "." nor "..", no "/", no "?", no control character.
+bool IsValidName(std::string_view name);
+
+// True for a leading dot.
+bool IsHiddenName(std::string_view name);
+
+// Wildcards of a file name filter: "*" any run of characters, "?" one character, case ignored
+// beyond ASCII too. "*.*" and "*" match every name, also one without a dot; so does a pattern of
+// which "*.*" is the end: "a*.*" matches a name that begins with a.
+bool MatchesPattern(std::string_view name, std::string_view pattern);
+
+// The path of `name` in `folder`, with one "/" between.
+std::string JoinPath(std::string_view folder, std::string_view name);
+// The path with a "/" at its end; an empty path stays empty.
+std::string WithSlash(std::string_view path);
+
+// The Linux file system.
+class SystemFiles : public Files {
+ public:
+  std::unique_ptr<FolderListing> ListFolder(const std::string& path, FileError* error) override;
+  std::optional<FileFacts> Facts(const std::string& path) override;
+  bool Exists(const std::string& path) override;
+  FileError Rename(const std::string& folder, const std::string& name,
+                   const std::string& newName) override;
+  FileError Copy(const std::string& source, const std::string& target) override;
+  FileError Delete(const std::string& path) override;
+  std::unique_ptr<AppendFile> OpenForAppend(const std::string& path, std::string_view wholeEnds,
+                                            FileError* error) override;
+  std::optional<std::string> ReadWhole(const std::string& path) override;
+};
+
+}  // namespace tallowbrook

@@ -1,0 +1,106 @@
+// Form1: the program. It holds the settings, the list and every routine, starts them in a fixed
+// order, and ends by one path. The window shows it; a test drives it by the names of its controls.
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <string>
+
+#include "base/controls.h"
+#include "base/dialogs.h"
+#include "base/pending_events.h"
+#include "base/status_bar.h"
+#include "engine/name_builder.h"
+#include "engine/preview.h"
+#include "engine/rename_pages.h"
+#include "engine/rename_run.h"
+#include "engine/rename_settings.h"
+#include "engine/unique_parameter.h"
+#include "filelist/folder_scan.h"
+#include "platform/program_folders.h"
+#include "shell/manual_rename.h"
+#include "store/log_file.h"
+
+namespace tallowbrook {
+
+// What the program needs of the world. All must outlive Form1.
+struct World {
+  Files& files;
+  Clock& clock;
+  RandomSource& random;
+  Dialogs& dialogs;
+  PendingEvents& events;
+  const DateNames& dateNames;
+  ProgramFolders folders;
+  std::string home;  // the folder that a first start shows
+};
+
+class Form1 {
+ public:
+  explicit Form1(const World& world);
+
+  // The screen comes first: every control below registers with it.
+  Screen screen;
+  StatusBar statusBar;
+  FileList ListView1;
+  RenameSettings settings;
+  ListPane pane;
+  FolderScan scan;
+  RandomNumberPool pool;
+  NameBuilder names;
+  Preview preview;
+  RenamePages pages;
+  LogFile log;
+  RenameRun run;
+
+  ButtonPair Apply;    // Cmd_Apply, PushButton_Apply
+  ButtonPair PreviewButton;
+  ButtonPair Exit;
+
+  bool ProgramLoading = false;
+  bool ExitDone = false;
+  bool ListHasFocus = false;
+  bool LoadSavedSettings = true;
+  bool AutoUpdate = true;
+  bool FirstRun = true;
+  int DisplayStartupTipsNew = 1;
+  std::string CurrentStyle;
+  std::size_t ManualRenameRow = 0;
+
+  // Form_Load: everything from the panes to the first scan. Called once, before the window shows.
+  void Load();
+  // The only way out. During a scan it stops the scan and is called again at its end.
+  void ExitProgram();
+  // A number that no command bears does nothing.
+  void Dispatch(int number);
+
+  // Keys at window level. Escape stops a fill; Alt+D goes to the address.
+  void EscapeKey() { scan.AbortRequested = true; }
+  void AddressShortcut() { screen.RequestFocus(pane.Txt_Address); }
+
+  // Opens the dialog that renames the highlighted row; nothing without one.
+  void OpenManualRename();
+
+  // Set by the window: shows the dialog until it closes; closes the main window; lays it out.
+  std::function<void(ManualRename&)> showManualRename;
+  std::function<void()> unload;
+  std::function<void()> layoutChanged;
+
+ private:
+  void WireButtons();
+  void SetInitialOptions();
+  // Named steps of start and end that have little to do as long as nothing is stored.
+  void GetConfiguration();
+  void SaveSettings();
+  void AskAutoUpdate();
+  void AutoUpdateIfDue();
+  void ShowStartupTips();
+  void SetupCommandBars();
+  void BuildRibbon();
+  void Profile_List_Update();
+  void ApplyStyle(const std::string& path);
+
+  World world_;
+};
+
+}  // namespace tallowbrook

@@ -1,0 +1,34 @@
+// Logfile.txt as a run writes it: opened for the batch, one write a record, closed behind it.
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include "engine/run_log.h"
+#include "platform/files.h"
+
+namespace tallowbrook {
+
+class LogFile : public RunLog {
+ public:
+  explicit LogFile(Files& files) : files_(files) {}
+  // Where the log is. Takes effect with the next batch.
+  void SetPath(std::string path) { path_ = std::move(path); }
+  const std::string& Path() const { return path_; }
+
+  void BeginBatch(Date now) override;
+  void Record(const RunRecord& record) override;
+  void EndBatch() override;
+  void Close() override { file_.reset(); }
+
+ private:
+  // Writes the text and a line break, as one write, so that a killed run leaves whole lines.
+  void LogMessage(std::string_view text);
+
+  Files& files_;
+  std::string path_;
+  std::unique_ptr<AppendFile> file_;
+  std::string buffer_;
+};
+
+}  // namespace tallowbrook
