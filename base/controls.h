@@ -81,6 +81,7 @@ class Control {
   // Tells the screen, then runs the rule.
   void ValueChanged();
   void LookChanged();
+  Screen& Owner() const { return screen_; }
 
  private:
   Screen& screen_;
@@ -218,15 +219,13 @@ class Number : public Control {
 
 class Label : public Control {
  public:
-  Label(Screen& screen, const ControlFacts& facts)
-      : Control(screen, ControlKind::Label, facts) {}
+  Label(Screen& screen, const ControlFacts& facts) : Control(screen, ControlKind::Label, facts) {}
   std::string ValueText() const override { return Caption(); }
 };
 
 class Button : public Control {
  public:
-  Button(Screen& screen, const ControlFacts& facts)
-      : Control(screen, ControlKind::Button, facts) {}
+  Button(Screen& screen, const ControlFacts& facts) : Control(screen, ControlKind::Button, facts) {}
   // Runs the rule; a disabled button does nothing.
   void Press();
 };

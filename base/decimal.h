@@ -35,7 +35,7 @@ class Decimal {
   __extension__ typedef __int128 Wide;
   Decimal(Wide digits, int scale) : digits_(digits), scale_(scale) {}
   static std::optional<Decimal> Checked(Wide digits, int scale);
-  static bool Align(Decimal& a, Decimal& b);
+  static void Align(Decimal& a, Decimal& b);
 
   Wide digits_ = 0;  // the value times 10 to the power of scale_
   int scale_ = 0;

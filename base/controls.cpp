@@ -1,0 +1,246 @@
+// What controls do when they are set: compare, store, tell the screen, run the rule.
+//
+// Every kind takes its value through one Set or Select, by code and by text alike, so that a rule
+// can't be gone around. A value that is there already is no change.
+#include "base/controls.h"
+
+#include <charconv>
+#include <cstdint>
+#include <limits>
+#include <optional>
+#include <utility>
+
+namespace tallowbrook {
+namespace {
+
+std::optional<int> ParseWholeNumber(std::string_view text) {
+  int value = 0;
+  const char* end = text.data() + text.size();
+  auto [stop, error] = std::from_chars(text.data(), end, value);
+  if (error != std::errc{} || stop != end) return std::nullopt;
+  return value;
+}
+
+bool IsTickValue(int value) {
+  return value == 0 || value == 1;
+}
+
+bool IsSixteenBit(int value) {
+  using Limits = std::numeric_limits<std::int16_t>;
+  return value >= Limits::min() && value <= Limits::max();
+}
+
+// Whether an index names an item or, as -1, none.
+bool IsSelectable(int index, const std::vector<std::string>& items) {
+  return index == -1 || (index >= 0 && static_cast<std::size_t>(index) < items.size());
+}
+
+}  // namespace
+
+Control::Control(Screen& screen, ControlKind kind, const ControlFacts& facts)
+    : screen_(screen),
+      kind_(kind),
+      facts_(facts),
+      name_(facts.name),
+      caption_(facts.caption),
+      tip_(facts.tip) {
+  screen_.Add(*this);
+}
+
+void Control::SetCaption(std::string_view caption) {
+  if (caption_ == caption) return;
+  caption_ = caption;
+  LookChanged();
+}
+
+void Control::SetEnabled(bool enabled) {
+  if (std::exchange(enabled_, enabled) != enabled) LookChanged();
+}
+
+void Control::SetVisible(bool visible) {
+  if (std::exchange(visible_, visible) != visible) LookChanged();
+}
+
+void Control::SetReadOnly(bool readOnly) {
+  if (std::exchange(readOnly_, readOnly) != readOnly) LookChanged();
+}
+
+void Control::ValueChanged() {
+  LookChanged();
+  if (rule) rule();
+}
+
+void Control::LookChanged() {
+  if (screen_.changed) screen_.changed(*this);
+}
+
+void Tick::Set(int value) {
+  if (value == value_ || !IsTickValue(value)) return;
+  value_ = value;
+  ValueChanged();
+}
+
+std::string Tick::ValueText() const {
+  return std::to_string(value_);
+}
+
+bool Tick::SetValueText(std::string_view text) {
+  const std::optional<int> value = ParseWholeNumber(text);
+  if (!value || !IsTickValue(*value)) return false;
+  Set(*value);
+  return true;
+}
+
+void Text::Set(std::string_view text) {
+  if (text_ == text) return;
+  text_ = text;
+  ValueChanged();
+}
+
+bool Text::SetValueText(std::string_view text) {
+  Set(text);
+  return true;
+}
+
+void TextWithItems::SetItems(std::vector<std::string> items) {
+  if (items_ == items) return;
+  items_ = std::move(items);
+  LookChanged();
+}
+
+void TextWithItems::AddItem(std::string_view item) {
+  items_.emplace_back(item);
+  LookChanged();
+}
+
+void TextWithItems::SetItem(std::size_t index, std::string_view item) {
+  if (index >= items_.size() || items_[index] == item) return;
+  items_[index] = item;
+  LookChanged();
+}
+
+void TextWithItems::ClearItems() {
+  SetItems({});
+}
+
+void TextWithItems::SelectItem(std::size_t index) {
+  // A copy: the rule may change the items.
+  if (index < items_.size()) Set(std::string(items_[index]));
+}
+
+List::List(Screen& screen, const ControlFacts& facts, std::vector<std::string> items, int index)
+    : Control(screen, ControlKind::List, facts),
+      items_(std::move(items)),
+      index_(IsSelectable(index, items_) ? index : -1) {}
+
+const std::string& List::ItemText() const {
+  static const std::string none;
+  return index_ < 0 ? none : items_[static_cast<std::size_t>(index_)];
+}
+
+void List::Select(int index) {
+  if (index == index_ || !IsSelectable(index, items_)) return;
+  index_ = index;
+  ValueChanged();
+}
+
+void List::SetItems(std::vector<std::string> items) {
+  items_ = std::move(items);
+  index_ = -1;
+  LookChanged();
+}
+
+void List::AddItem(std::string_view item) {
+  items_.emplace_back(item);
+  LookChanged();
+}
+
+std::string List::ValueText() const {
+  return std::to_string(index_);
+}
+
+bool List::SetValueText(std::string_view text) {
+  const std::optional<int> index = ParseWholeNumber(text);
+  if (!index || !IsSelectable(*index, items_)) return false;
+  Select(*index);
+  return true;
+}
+
+Option::Option(Screen& screen, const ControlFacts& facts, std::string_view group, bool on)
+    : Control(screen, ControlKind::Option, facts), group_(group), on_(on) {}
+
+void Option::Choose() {
+  if (on_) return;
+  // Whoever is told finds exactly one option on.
+  std::vector<Option*> turnedOff;
+  for (Control* control : Owner().Controls()) {
+    auto* other = dynamic_cast<Option*>(control);
+    if (!other || !other->on_ || other->group_ != group_) continue;
+    other->on_ = false;
+    turnedOff.push_back(other);
+  }
+  on_ = true;
+  for (Option* other : turnedOff) other->LookChanged();
+  ValueChanged();
+}
+
+bool Option::SetValueText(std::string_view text) {
+  const bool on = text == "True" || text == "1";
+  if (!on && text != "False" && text != "0") return false;
+  if (on) Choose();
+  return true;
+}
+
+void DateField::Set(Date date) {
+  if (date_ == date) return;
+  date_ = date;
+  ValueChanged();
+}
+
+std::string DateField::ValueText() const {
+  return GeneralDateText(date_);
+}
+
+bool DateField::SetValueText(std::string_view text) {
+  const std::optional<Date> date = ParseDateText(text);
+  if (!date) return false;
+  Set(*date);
+  return true;
+}
+
+void Number::Set(int value) {
+  if (value == value_ || !IsSixteenBit(value)) return;
+  value_ = value;
+  ValueChanged();
+}
+
+std::string Number::ValueText() const {
+  return std::to_string(value_);
+}
+
+bool Number::SetValueText(std::string_view text) {
+  const std::optional<int> value = ParseWholeNumber(text);
+  if (!value || !IsSixteenBit(*value)) return false;
+  Set(*value);
+  return true;
+}
+
+void Button::Press() {
+  if (Enabled() && rule) rule();
+}
+
+Control* Screen::Find(std::string_view name) const {
+  const auto found = byName_.find(name);
+  return found == byName_.end() ? nullptr : found->second;
+}
+
+void Screen::RequestFocus(Control& control) const {
+  if (focusRequested) focusRequested(control);
+}
+
+void Screen::Add(Control& control) {
+  controls_.push_back(&control);
+  if (!control.Name().empty()) byName_.emplace(control.Name(), &control);
+}
+
+}  // namespace tallowbrook
