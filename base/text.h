@@ -44,8 +44,8 @@ std::string_view BaseNameOf(std::string_view name);
 
 // Replaces up to `limit` occurrences from the left; what was put in is not searched again. An
 // empty `find` finds nothing. Matches begin and end between characters.
-std::string ReplaceText(std::string_view text, std::string_view find,
-                        std::string_view replacement, std::size_t limit, bool ignoreCase);
+std::string ReplaceText(std::string_view text, std::string_view find, std::string_view replacement,
+                        std::size_t limit, bool ignoreCase);
 
 // At "separator"; n separators give n + 1 pieces, an empty text one empty piece.
 std::vector<std::string_view> Split(std::string_view text, char separator);

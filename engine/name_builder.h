@@ -38,6 +38,7 @@ class NameBuilder {
     std::string_view fileName;
     std::string_view base;
     std::string_view extension;
+    std::string_view directory;
   };
   std::string ComposeProperties(const NameParts& parts, std::int32_t counter);
   std::string RemoveCharacters(const NameParts& parts) const;
@@ -50,6 +51,9 @@ class NameBuilder {
   std::optional<std::string> NumberValue(std::int32_t counter);
   std::optional<std::string> LetterValue(std::int32_t counter);
   std::string DateValue(std::int32_t counter) const;
+  // The start plus or minus the counter, as the direction says.
+  static std::optional<std::string> Stepped(const Decimal& start, int direction,
+                                            std::int32_t counter);
 
   RenameSettings& settings_;
   RandomNumberPool& pool_;

@@ -18,15 +18,15 @@ class RenamePages {
   RenamePages(Screen& screen, RenameSettings& settings, ListPane& pane, Preview& preview,
               Dialogs& dialogs, Clock& clock);
 
-  Frame Frame1;           // page "File Name Properties"
-  Frame Frame_Filename;   // the name's panel; a drop on it clears the name's history
-  Label Label3;           // "Sample File Name:"
+  Frame Frame1;          // page "File Name Properties"
+  Frame Frame_Filename;  // the name's panel; a drop on it clears the name's history
+  Label Label3;          // "Sample File Name:"
   Label Label_SampleFileName;
   Frame Frame_Advanced;      // the mask's panel
   Frame Frame_AdvancedDate;  // the date's panel, in the same place
   Frame Frame_CopyMove;
-  Label Lbl_MoveTo;          // "Copy To:" or "Move To:"
-  ButtonPair BrowseMoveTo;   // Cmd_BrowseMoveTo, PushButton_Browse
+  Label Lbl_MoveTo;         // "Copy To:" or "Move To:"
+  ButtonPair BrowseMoveTo;  // Cmd_BrowseMoveTo, PushButton_Browse
   ButtonPair ClearComboBox;
   ButtonPair ClearComboBoxName;
   UniquePanel unique;
@@ -44,12 +44,14 @@ class RenamePages {
 
  private:
   void WirePanelRules();
+  void WireOptions();
   void WireSampleRefresh();
-  void ResetLists();
-  void ResetDates();
-  void OriginalClicked();
-  void ExtensionClicked();
-  void AdvancedTypeClicked(bool changeDate);
+  // A box that decides whether another field takes input.
+  void Governs(Tick& box, Control& field);
+  // Shows in `field` what the form does to a name; it takes typing for FormCustom alone.
+  void ShowForm(const List& form, Text& field, std::string_view sample);
+  void ChooseAdvancedType(bool changeDate);
+  void ShowAdvancedPanel();
 
   Screen& screen_;
   RenameSettings& settings_;

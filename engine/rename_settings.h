@@ -24,25 +24,14 @@ enum Direction { DirectionIncrement, DirectionDecrement, DirectionKeep, Directio
 // Combo_Original and Combo_Extension.
 enum NameForm { FormUnchanged, FormCustom, FormUpper, FormLower, FormProper };
 
-// The items of the lists. Some belong to the record from its making, others are filled in by
-// ResetSettings.
-namespace items {
-std::vector<std::string> Pages();
-std::vector<std::string> NameForms(std::string_view noun);  // "Filename" or "Extension"
-std::vector<std::string> UniqueKinds();
-std::vector<std::string> Directions();
-std::vector<std::string> Intervals();
-std::vector<std::string> DateParts();
-std::vector<std::string> DateTypes();
-// Decimal numbers, zero-padded to `digits`.
-std::vector<std::string> Numbers(int from, int to, int digits = 1);
-// `thisYear` plus 100 down to `thisYear` minus 100.
-std::vector<std::string> Years(int thisYear);
-}  // namespace items
-
 struct RenameSettings {
-  // Registers the fields with `screen`. `today` is what the date fields begin at.
-  RenameSettings(Screen& screen, Date today);
+  // Registers the fields with `screen`; the lists are empty until FillDefaults.
+  explicit RenameSettings(Screen& screen);
+
+  // Fills the item lists and sets the defaults of the fields that a reset sets. Called a second
+  // time it leaves Combo_RemoveStarting, Combo_Occurances and Combo_UpdateDateType with their
+  // items twice: the first copy keeps its indices, so that all values read the same.
+  void FillDefaults(Date today);
 
   List TabIndex;
 

@@ -50,6 +50,8 @@ class RandomNumberPool {
 
  private:
   void DrawUnique();
+  // Asks whether to raise the upper bound to `needed`.
+  bool AskToWiden(std::int64_t possible, std::int64_t needed);
   std::optional<std::vector<std::optional<std::int32_t>>> RandomNumbers(std::int32_t high,
                                                                         std::int32_t low,
                                                                         std::int64_t count,

@@ -49,6 +49,8 @@ struct ListChange {
 
 class FileList {
  public:
+  FileList();
+
   std::size_t Count() const { return rows_.size(); }
   FileEntry& Row(std::size_t number) { return rows_[number - 1]; }
   const FileEntry& Row(std::size_t number) const { return rows_[number - 1]; }

@@ -29,6 +29,7 @@ struct ScanWorld {
   Clock& clock;
   PendingEvents& events;
   StatusBar& status;
+  std::string home = {};     // what "~" in a typed address stands for
   ExifTags* exif = nullptr;  // without one, photos show their file dates
 };
 
@@ -51,8 +52,8 @@ class FolderScan {
 
   // Runs the end of the program, when it was asked for during a scan.
   std::function<void()> exitProgram;
-  // Runs when the pane turns to folders or back: the search options depend on it.
-  std::function<void()> viewChanged;
+  // Runs when the pane turns to folders (true) or back: the search options depend on it.
+  std::function<void(bool folders)> viewChanged;
 
   // Replaces the list by one folder's entries. During a running fill: stops that one instead.
   void ScanFolder(const std::string& path);
@@ -69,16 +70,17 @@ class FolderScan {
   // Fills the list again as it was last filled; a subfolder scan adds to what is there.
   void FilterList();
   void ApplyCheckPattern();
-  void SetAllChecks(int mode);
   // Files and folders dropped on the list: added to what is there.
   void AddDropped(const std::vector<std::string>& paths);
-  // True for an existing folder. Outer blanks of the path don't count.
-  bool IsDirectory(const std::string& path);
+  // True for an existing folder; its path then gets a "/" at its end. Outer blanks of a path
+  // are taken away if no folder bears them.
+  bool IsDirectory(std::string& path);
   // General date text of the file's date by DateColumnMode; empty if the file is gone.
   std::string GetListDate(const std::string& path);
 
-  // Selects a folder as a click in the tree does; what is no folder leaves all as it was.
-  void SelectFolder(const std::string& path);
+  // Selects a folder as a click in the tree does. False, and all as it was, for what is no folder
+  // or doesn't begin at the root.
+  bool SelectFolder(std::string path);
 
   // The window's keys. AddressKey is any key but Enter in Txt_Address.
   void AddressKey();
@@ -86,27 +88,29 @@ class FolderScan {
   void CompleteFolder();  // Combo1's text has changed
 
  private:
-  // Immediate subfolders, in the listing's order.
+  // The subfolders of one folder, in the listing's order. A folder that can't be read leaves
+  // what was there before.
   struct SubfolderList {
-    std::string path;
-    std::vector<std::string> folders;  // full paths, without "/" at the end
-    std::vector<bool> links;
-    // False, and the former folder stays, if the folder can't be read.
-    bool SetPath(Files& files, const std::string& newPath);
-    void Fill(const FolderListing& listing, const std::string& newPath);
+    struct Subfolder {
+      std::string path;  // without "/" at the end
+      bool isLink;
+    };
+    std::vector<Subfolder> folders;
+    bool SetPath(Files& files, const std::string& folder);
+    void Fill(const FolderListing& listing, const std::string& folder);
   };
 
-  void ListFiles(const FolderListing& listing, const std::string& folder, bool& aborted);
-  bool ListFolders(const std::string& folder);
-  void FinishListing();
+  void ListOpened(const std::string& folder, const FolderListing* listing);
+  bool ListFiles(const std::string& folder, const FolderListing& listing);
+  bool ListFolders(const std::string& folder, const FolderListing* listing);
   void AddFileRow(std::string_view name, const std::string& directory,
                   const std::optional<FileFacts>& facts);
-  void AddFolderRow(const std::string& path);
-  std::optional<Date> ListDate(const FileFacts& facts);
-  std::optional<Date> ExifDate(const std::string& path, std::string_view extension);
+  void AddFolderRow(std::string_view name, std::string_view directory);
+  Date ListDate(const FileFacts& facts);
+  std::optional<Date> ExifDate(std::string_view name, const std::string& directory);
+  void WalkLevel(const SubfolderList& level);
   void ShowCount();
   void SetProgress(std::size_t value, std::size_t maximum);
-  void WalkLevel(const SubfolderList& level);
   void ShowFiles();
   void ShowFolders();
   void WireRules();

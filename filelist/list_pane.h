@@ -19,22 +19,23 @@ struct ListPane {
 
   Text FolderTreeview1;  // the selected folder's path
   Text Txt_Address;
-  FreeList Combo1;       // completes a folder's name while it is typed
+  FreeList Combo1;  // completes a folder's name while it is typed
   FreeList Combo_Filter;
   Label Lbl_Filename_Filter;
-  ButtonPair Filter;     // Cmd_Filter, PushButton_Filter
-  ButtonPair ScanSub;    // Cmd_ScanSub, PushButton_ScanSub
+  ButtonPair Filter;   // Cmd_Filter, PushButton_Filter
+  ButtonPair ScanSub;  // Cmd_ScanSub, PushButton_ScanSub
   Option Option1_Files;
   Option Option1_Folders;
   Tick Check_Thumbnails;
   Frame Frame_Progress;
-  Label ProgressBar;     // told of each change of the two numbers below
+  // Its caption is the percentage; the two numbers below are exact at any time.
+  Label ProgressBar;
   std::size_t ProgressMaximum = 0;
   std::size_t ProgressValue = 0;
   Button PushButton_AbortScan;
-  Label Label7;          // "Start"
+  Label Label7;  // "Start"
   Text Text_StartCheck;
-  Label Label8;          // "Step"
+  Label Label8;  // "Step"
   Text Text_Step;
   ButtonPair SelectAll;  // Cmd_SelectAll, PushButton_SelectAll
   ButtonPair SelectNone;

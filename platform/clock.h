@@ -1,6 +1,7 @@
 // The time of day and the zone.
 #pragma once
 
+#include <algorithm>
 #include <cstdint>
 
 #include "base/date.h"
@@ -16,9 +17,14 @@ class Clock {
   virtual Date Local(std::int64_t posixSeconds) = 0;
 };
 
-// The date of a POSIX time in universal time.
+// The first second of the year 100 and the last one of the year 9999, in POSIX seconds.
+inline constexpr std::int64_t firstPosixSecond = -59011459200;
+inline constexpr std::int64_t lastPosixSecond = 253402300799;
+
+// The date of a POSIX time in universal time. File systems hold times that no date can; they
+// give the nearest one.
 inline Date UniversalDate(std::int64_t posixSeconds) {
-  return Date{posixSeconds + secondsToPosixEpoch};
+  return Date{std::clamp(posixSeconds, firstPosixSecond, lastPosixSecond) + secondsToPosixEpoch};
 }
 
 // The machine's clock, in the zone of the environment (TZ, else the system's).
@@ -29,8 +35,8 @@ class SystemClock : public Clock {
   Date Local(std::int64_t posixSeconds) override;
 
  private:
-  // Zone offsets change at whole quarters of an hour: within one, an offset holds. Files of one
-  // folder are mostly of few hours, so that the zone database is seldom asked.
+  // Zone offsets change at whole quarters of an hour, at least since 1973: within one, an offset
+  // holds. Files of one folder are mostly of few hours, so that the zone database is seldom asked.
   std::int64_t quarter_;
   std::int64_t offset_ = 0;
 };

@@ -53,7 +53,7 @@ class Form1 {
   LogFile log;
   RenameRun run;
 
-  ButtonPair Apply;    // Cmd_Apply, PushButton_Apply
+  ButtonPair Apply;  // Cmd_Apply, PushButton_Apply
   ButtonPair PreviewButton;
   ButtonPair Exit;
 

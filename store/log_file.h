@@ -28,6 +28,7 @@ class LogFile : public RunLog {
   Files& files_;
   std::string path_;
   std::unique_ptr<AppendFile> file_;
+  std::string line_;
   std::string buffer_;
 };
 

@@ -1,0 +1,218 @@
+#include "desktop/binding.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QDateEdit>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QSignalBlocker>
+#include <limits>
+
+#include "desktop/text.h"
+
+namespace tallowbrook {
+
+namespace {
+
+QStringList ToTexts(const std::vector<std::string>& items) {
+  QStringList texts;
+  texts.reserve(static_cast<qsizetype>(items.size()));
+  for (const std::string& item : items) texts += ToText(item);
+  return texts;
+}
+
+bool SameItems(const QComboBox& box, const QStringList& items) {
+  if (box.count() != items.size()) return false;
+  for (int at = 0; at < box.count(); ++at) {
+    if (box.itemText(at) != items[at]) return false;
+  }
+  return true;
+}
+
+void ShowItems(QComboBox& box, const std::vector<std::string>& items) {
+  const QStringList texts = ToTexts(items);
+  if (SameItems(box, texts)) return;
+  box.clear();
+  box.addItems(texts);
+}
+
+// The caret stays where it is, as far as the new text goes.
+void ShowText(QLineEdit& edit, const std::string& bytes) {
+  const QString text = ToText(bytes);
+  if (edit.text() == text) return;
+  const bool atEnd = edit.cursorPosition() == edit.text().size();
+  const int caret = edit.cursorPosition();
+  edit.setText(text);
+  if (!atEnd) edit.setCursorPosition(caret);
+}
+
+void ShowReadOnly(QLineEdit& edit, bool readOnly) {
+  if (edit.isReadOnly() == readOnly) return;
+  edit.setReadOnly(readOnly);
+  QPalette palette;
+  if (readOnly) {
+    palette.setColor(QPalette::Base, palette.color(QPalette::Disabled, QPalette::Base));
+    palette.setColor(QPalette::Text, palette.color(QPalette::PlaceholderText));
+  }
+  edit.setPalette(palette);
+}
+
+}  // namespace
+
+Binding::Binding(Control& control, QWidget& widget)
+    : QObject(&widget), control_(control), widget_(widget) {
+  widget.setObjectName(ToText(control.Name()));
+}
+
+void Binding::Refresh() {
+  if (showing_) return;
+  showing_ = true;
+  ShowValue();
+  ShowLook();
+  showing_ = false;
+}
+
+void Binding::ShowLook() {
+  widget_.setEnabled(control_.Enabled());
+  if (!control_.Tip().empty()) widget_.setToolTip(PlainToolTip(ToText(control_.Tip())));
+  // Only a change is passed on: a widget that has no window yet must not become one.
+  if (shown_ != control_.Visible()) {
+    shown_ = control_.Visible();
+    widget_.setVisible(shown_);
+  }
+}
+
+TickBinding::TickBinding(Tick& tick, QCheckBox& box, char accessKey)
+    : Binding(tick, box), tick_(tick), box_(box), accessKey_(accessKey) {
+  connect(&box, &QCheckBox::clicked, this, [this](bool on) {
+    tick_.Set(on ? 1 : 0);
+    Refresh();
+  });
+}
+
+void TickBinding::ShowValue() {
+  box_.setText(WithAccessKey(tick_.Caption(), accessKey_));
+  box_.setChecked(tick_.On());
+}
+
+TextBinding::TextBinding(Text& text, QLineEdit& edit)
+    : Binding(text, edit), text_(text), edit_(edit) {
+  edit.setMaxLength(std::numeric_limits<int>::max());
+  connect(&edit, &QLineEdit::textChanged, this, [this](const QString& typed) {
+    if (Showing()) return;
+    text_.Set(ToBytes(typed));
+    Refresh();
+  });
+}
+
+void TextBinding::TakeFocus() {
+  Binding::TakeFocus();
+  edit_.end(false);
+}
+
+void TextBinding::ShowValue() {
+  ShowText(edit_, text_.Value());
+  ShowReadOnly(edit_, text_.ReadOnly());
+}
+
+ListBinding::ListBinding(List& list, QComboBox& box) : Binding(list, box), list_(list), box_(box) {
+  connect(&box, &QComboBox::activated, this, [this](int index) {
+    if (index != list_.Index()) list_.Select(index);
+    Refresh();
+  });
+}
+
+void ListBinding::ShowValue() {
+  const QSignalBlocker silent(box_);
+  ShowItems(box_, list_.Items());
+  box_.setCurrentIndex(list_.Index());
+}
+
+TextWithItemsBinding::TextWithItemsBinding(TextWithItems& text, QComboBox& box)
+    : Binding(text, box), text_(text), box_(box) {
+  box.setEditable(true);
+  box.setInsertPolicy(QComboBox::NoInsert);
+  box.setDuplicatesEnabled(true);
+  box.setCompleter(nullptr);
+  box.lineEdit()->setMaxLength(std::numeric_limits<int>::max());
+  connect(&box, &QComboBox::editTextChanged, this, [this](const QString& typed) {
+    if (Showing()) return;
+    if (std::string bytes = ToBytes(typed); bytes != text_.Value()) text_.Set(bytes);
+    Refresh();
+  });
+}
+
+void TextWithItemsBinding::TakeFocus() {
+  Binding::TakeFocus();
+  box_.lineEdit()->end(false);
+}
+
+void TextWithItemsBinding::ShowValue() {
+  QLineEdit& edit = *box_.lineEdit();
+  if (!SameItems(box_, ToTexts(text_.Items()))) {
+    // Filling the list must not write into the text that is being typed.
+    const int caret = edit.cursorPosition();
+    const QString typed = edit.text();
+    const QSignalBlocker silent(box_);
+    ShowItems(box_, text_.Items());
+    box_.setCurrentIndex(-1);
+    edit.setText(typed);
+    edit.setCursorPosition(caret);
+  }
+  ShowText(edit, text_.Value());
+  ShowReadOnly(edit, text_.ReadOnly());
+}
+
+OptionBinding::OptionBinding(Option& option, QRadioButton& button, char accessKey)
+    : Binding(option, button), option_(option), button_(button), accessKey_(accessKey) {
+  connect(&button, &QRadioButton::toggled, this, [this](bool on) {
+    if (Showing() || !on) return;
+    if (!option_.On()) option_.Choose();
+    Refresh();
+  });
+}
+
+void OptionBinding::ShowValue() {
+  button_.setText(WithAccessKey(option_.Caption(), accessKey_));
+  if (option_.On()) button_.setChecked(true);
+}
+
+DateBinding::DateBinding(DateField& date, QDateEdit& edit)
+    : Binding(date, edit), date_(date), edit_(edit) {
+  edit.setDateRange(QDate(100, 1, 1), QDate(9999, 12, 31));
+  connect(&edit, &QDateEdit::dateChanged, this, [this](QDate picked) {
+    if (Showing()) return;
+    DateFields fields = FieldsOf(date_.Value());
+    fields.year = picked.year();
+    fields.month = picked.month();
+    fields.day = picked.day();
+    if (const std::optional<Date> made = MakeDate(fields)) date_.Set(*made);
+    Refresh();
+  });
+}
+
+void DateBinding::ShowValue() {
+  const DateFields fields = FieldsOf(date_.Value());
+  edit_.setDate(QDate(fields.year, fields.month, fields.day));
+}
+
+ButtonBinding::ButtonBinding(Button& button, QPushButton& push, char accessKey)
+    : Binding(button, push), button_(button), push_(push), accessKey_(accessKey) {
+  connect(&push, &QPushButton::clicked, this, [this] { button_.Press(); });
+}
+
+void ButtonBinding::ShowValue() { push_.setText(WithAccessKey(button_.Caption(), accessKey_)); }
+
+CaptionBinding::CaptionBinding(Control& control, QLabel& label, char accessKey)
+    : Binding(control, label), control_(control), label_(label), accessKey_(accessKey) {}
+
+void CaptionBinding::ShowValue() {
+  // Only a label with a buddy knows access keys; any other shows "&" as it stands.
+  label_.setTextFormat(Qt::PlainText);
+  label_.setText(label_.buddy() ? WithAccessKey(control_.Caption(), accessKey_)
+                                : VisibleText(control_.Caption()));
+}
+
+}  // namespace tallowbrook

@@ -1,0 +1,77 @@
+#include "desktop/folder_tree.h"
+
+#include <QHeaderView>
+#include <QKeyEvent>
+#include <QTimer>
+
+namespace tallowbrook {
+
+FolderTree::FolderTree(Files& files, const std::string& home, std::string_view computerCaption,
+                       QWidget* parent)
+    : QTreeView(parent), model_(files, home, computerCaption) {
+  setObjectName(QStringLiteral("FolderTreeview1"));
+  setModel(&model_);
+  setHeaderHidden(true);
+  setUniformRowHeights(true);
+  setEditTriggers(NoEditTriggers);
+  setIndentation(16);
+  // A long name scrolls; it isn't cut.
+  header()->setStretchLastSection(false);
+  header()->setSectionResizeMode(QHeaderView::ResizeToContents);
+  setHorizontalScrollMode(ScrollPerPixel);
+}
+
+void FolderTree::ShowFolder(std::string_view path) {
+  path = WithoutEndSlash(path);
+  if (model_.PathOf(currentIndex()) == path) return;
+  showing_ = true;
+  const QModelIndex found = model_.Find(path, currentIndex());
+  if (found.isValid()) {
+    setCurrentIndex(found);
+    scrollTo(found);
+  } else {
+    selectionModel()->clear();
+  }
+  showing_ = false;
+}
+
+void FolderTree::Refresh() {
+  const std::string current = model_.PathOf(currentIndex());
+  const std::vector<std::string> open = OpenFolders({});
+  showing_ = true;
+  model_.Reload();
+  for (const std::string& path : open) {
+    if (const QModelIndex found = model_.Find(path); found.isValid()) expand(found);
+  }
+  showing_ = false;
+  if (!current.empty()) ShowFolder(current);
+}
+
+// From the top down.
+std::vector<std::string> FolderTree::OpenFolders(const QModelIndex& below) const {
+  std::vector<std::string> open;
+  for (int row = 0; row < model_.rowCount(below); ++row) {
+    const QModelIndex index = model_.index(row, 0, below);
+    if (!isExpanded(index)) continue;
+    open.push_back(model_.PathOf(index));
+    const std::vector<std::string> deeper = OpenFolders(index);
+    open.insert(open.end(), deeper.begin(), deeper.end());
+  }
+  return open;
+}
+
+void FolderTree::currentChanged(const QModelIndex& current, const QModelIndex& previous) {
+  QTreeView::currentChanged(current, previous);
+  if (showing_ || !current.isValid()) return;
+  // A scan lets events through: it must not begin inside this view's own event.
+  QTimer::singleShot(0, this, [this, path = model_.PathOf(current)] {
+    if (folderSelected) folderSelected(path);
+  });
+}
+
+void FolderTree::keyPressEvent(QKeyEvent* event) {
+  if (event->key() == Qt::Key_F5) return Refresh();
+  QTreeView::keyPressEvent(event);
+}
+
+}  // namespace tallowbrook

@@ -1,0 +1,38 @@
+// The folder tree on the screen. What the user selects it hands on once the event is over; what
+// is shown by ShowFolder it doesn't.
+#pragma once
+
+#include <QTreeView>
+#include <functional>
+#include <string>
+#include <string_view>
+
+#include "desktop/folder_tree_model.h"
+
+namespace tallowbrook {
+
+class FolderTree : public QTreeView {
+ public:
+  FolderTree(Files& files, const std::string& home, std::string_view computerCaption,
+             QWidget* parent);
+
+  // The path without "/" at its end, but "/" itself.
+  std::function<void(const std::string& path)> folderSelected;
+
+  // Opens the levels above the folder and selects it; without such a folder nothing is selected.
+  void ShowFolder(std::string_view path);
+  // Reads all open levels again.
+  void Refresh();
+
+ protected:
+  void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
+  void keyPressEvent(QKeyEvent* event) override;
+
+ private:
+  std::vector<std::string> OpenFolders(const QModelIndex& below) const;
+
+  FolderTreeModel model_;
+  bool showing_ = false;
+};
+
+}  // namespace tallowbrook

@@ -1,0 +1,64 @@
+#include "desktop/status_panes.h"
+
+#include <QStatusBar>
+
+#include "desktop/look.h"
+#include "desktop/text.h"
+
+namespace tallowbrook {
+
+StatusPane::StatusPane(QWidget* parent) : QLabel(parent) {
+  setTextFormat(Qt::PlainText);
+  setContentsMargins(spacing, 2, spacing, 2);
+  // The text has no say in the width: a pane that grew would lay out the window anew.
+  setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
+  setMinimumWidth(fontMetrics().averageCharWidth() * 24);
+  setFixedHeight(fontMetrics().height() + 8);
+}
+
+void StatusPane::ShowText(const std::string& text) {
+  QString shown = VisibleText(text);
+  if (shown == whole_) return;
+  whole_ = std::move(shown);
+  Fit();
+}
+
+void StatusPane::resizeEvent(QResizeEvent* event) {
+  QLabel::resizeEvent(event);
+  Fit();
+}
+
+void StatusPane::Fit() {
+  setText(fontMetrics().elidedText(whole_, Qt::ElideMiddle, contentsRect().width()));
+}
+
+StatusPanes::StatusPanes(StatusBar& status, QStatusBar& bar)
+    : status_(status),
+      message_(*new StatusPane(&bar)),
+      count_(*new StatusPane(&bar)),
+      throttle_([this] { Show(); }) {
+  message_.setObjectName(QStringLiteral("StatusPane0"));
+  count_.setObjectName(QStringLiteral("StatusPane1"));
+  bar.addWidget(&message_, 1);
+  bar.addPermanentWidget(&count_);
+  status_.changed = [this](std::size_t) { Changed(); };
+  Show();
+}
+
+StatusPanes::~StatusPanes() { status_.changed = nullptr; }
+
+void StatusPanes::Changed() {
+  if (throttle_.Due()) {
+    throttle_.Now();
+    message_.repaint();
+  } else {
+    throttle_.Touch();
+  }
+}
+
+void StatusPanes::Show() {
+  message_.ShowText(status_.Pane(0));
+  count_.ShowText(status_.Pane(1));
+}
+
+}  // namespace tallowbrook

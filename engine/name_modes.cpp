@@ -1,0 +1,96 @@
+// The two pages that change the name that is there: cutting characters out of it, and replacing
+// text in it.
+#include <charconv>
+
+#include "base/text.h"
+#include "engine/name_builder.h"
+
+namespace tallowbrook {
+
+namespace {
+
+// The number that the selected item shows. Nothing for an item that shows none.
+std::optional<int> NumberOf(const List& list) {
+  const std::string& text = list.ItemText();
+  int number = 0;
+  const auto result = std::from_chars(text.data(), text.data() + text.size(), number);
+  return result.ec == std::errc() ? std::optional(number) : std::nullopt;
+}
+
+void Append(std::string& result, std::optional<std::string_view> piece) {
+  if (piece) result += *piece;
+}
+
+}  // namespace
+
+// Two pieces of the base name stay, each a step of its own: one whose length comes out negative
+// is left out and the other one stays.
+std::string NameBuilder::RemoveCharacters(const NameParts& parts) const {
+  const std::ptrdiff_t start = NumberOf(settings_.Combo_RemoveStarting).value_or(1);
+  const std::ptrdiff_t count = NumberOf(settings_.Combo_RemoveChars).value_or(0);
+  const auto length = static_cast<std::ptrdiff_t>(CountCharacters(parts.base));
+  const std::ptrdiff_t charsToRemove = start == 1 ? std::min(count, length) : count;
+  std::string name;
+  if (settings_.Check_StartFromLast.On()) {
+    Append(name, LeftCharacters(parts.base, length - (start + charsToRemove) + 1));
+    if (start > 1) Append(name, RightCharacters(parts.base, start - 1));
+  } else {
+    if (start > 1) Append(name, LeftCharacters(parts.base, start - 1));
+    Append(name, RightCharacters(parts.base, length - (start + charsToRemove - 1)));
+  }
+  name += '.';
+  name += parts.extension;
+  return name;
+}
+
+std::string NameBuilder::FindAndReplace(const NameParts& parts) {
+  const bool inBase = settings_.Option_Search2.On();
+  const bool inExtension = settings_.Option_Search3.On();
+  std::string found;
+  // No search text is no wish to keep the name: what would have been searched is left out.
+  if (!settings_.Combo_Find.Value().empty()) {
+    AddToComboHistory(settings_.Combo_Find);
+    if (!settings_.Combo_Replace.Value().empty()) AddToComboHistory(settings_.Combo_Replace);
+    found = ReplaceInText(std::string(inBase        ? parts.base
+                                      : inExtension ? parts.extension
+                                                    : parts.fileName));
+  }
+  if (inBase) return found.append(".").append(parts.extension);
+  if (inExtension) return std::string(parts.base).append(".").append(found);
+  return found;
+}
+
+std::string NameBuilder::ReplaceInText(std::string text) {
+  if (settings_.Check_RegExp.On()) return ReplaceByPattern(std::move(text));
+  const bool all = settings_.Combo_Occurances.Index() == 0;
+  const std::optional<int> limit = all ? std::nullopt : NumberOf(settings_.Combo_Occurances);
+  if (!all && !limit) return text;
+  return ReplaceText(text, settings_.Combo_Find.Value(), settings_.Combo_Replace.Value(),
+                     all ? std::string::npos : static_cast<std::size_t>(*limit),
+                     !settings_.Check_CaseSensitive.On());
+}
+
+// A limited number of replacements begins each time at the head of what the last one gave, so
+// that a replacement which matches again is replaced again.
+std::string NameBuilder::ReplaceByPattern(std::string text) {
+  const std::string& pattern = settings_.Combo_Find.Value();
+  const bool ignoreCase = !settings_.Check_CaseSensitive.On();
+  if (!regexTried_ || pattern != regexPattern_ || ignoreCase != regexIgnoresCase_) {
+    regex_ = Regex::Compile(pattern, ignoreCase);
+    regexPattern_ = pattern;
+    regexIgnoresCase_ = ignoreCase;
+    regexTried_ = true;
+  }
+  if (!regex_) return text;
+  const bool all = settings_.Combo_Occurances.Index() == 0;
+  const int times = all ? 1 : NumberOf(settings_.Combo_Occurances).value_or(0);
+  for (int i = 0; i < times; ++i) {
+    std::optional<std::string> replaced =
+        regex_->Replace(text, settings_.Combo_Replace.Value(), all);
+    if (!replaced || *replaced == text) break;
+    text = std::move(*replaced);
+  }
+  return text;
+}
+
+}  // namespace tallowbrook

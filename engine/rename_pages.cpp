@@ -1,0 +1,180 @@
+#include "engine/rename_pages.h"
+
+#include "base/letter_case.h"
+
+namespace tallowbrook {
+
+RenamePages::RenamePages(Screen& screen, RenameSettings& settings, ListPane& pane, Preview& preview,
+                         Dialogs& dialogs, Clock& clock)
+    : Frame1(screen, {.name = "Frame1"}),
+      Frame_Filename(screen, {.name = "Frame_Filename", .caption = "Filename"}),
+      Label3(screen, {.name = "Label3", .caption = "Sample File Name:"}),
+      Label_SampleFileName(screen, {.name = "Label_SampleFileName"}),
+      Frame_Advanced(screen, {.name = "Frame_Advanced", .caption = "New File Name"}, false),
+      Frame_AdvancedDate(screen, {.name = "Frame_AdvancedDate", .caption = "New File Date"}, false),
+      Frame_CopyMove(screen, {.name = "Frame_CopyMove", .caption = "Copy / Move"}),
+      Lbl_MoveTo(screen, {.name = "Lbl_MoveTo", .caption = "Copy To:"}),
+      BrowseMoveTo(screen, {.name = "Cmd_BrowseMoveTo", .caption = "Browse"},
+                   {.name = "PushButton_Browse", .caption = "Browse"}),
+      ClearComboBox(screen,
+                    {.name = "Cmd_ClearComboBox",
+                     .caption = "Clear History",
+                     .tip = "Clear Search/Replace history"},
+                    {.name = "PushButton_ClearComboBox",
+                     .caption = "Clear History",
+                     .tip = "Clear Search/Replace history"}),
+      ClearComboBoxName(screen,
+                        {.name = "Cmd_ClearComboBoxName",
+                         .caption = "Clear History",
+                         .tip = "Clear filename history"},
+                        {.name = "PushButton_ClearComboBoxName",
+                         .caption = "Clear History",
+                         .tip = "Clear filename history"}),
+      unique(screen, settings, dialogs, [this] { RefreshSampleFileName(); }),
+      screen_(screen),
+      settings_(settings),
+      pane_(pane),
+      preview_(preview),
+      clock_(clock) {
+  WirePanelRules();
+  WireOptions();
+  WireSampleRefresh();
+  ClearComboBox.Does([this] { ClearFindReplaceHistory(); });
+  ClearComboBoxName.Does([this] { ClearFilenameHistory(); });
+}
+
+void RenamePages::Governs(Tick& box, Control& field) {
+  box.rule = [this, &box, &field] {
+    field.SetEnabled(box.On());
+    RefreshSampleFileName();
+  };
+}
+
+void RenamePages::WirePanelRules() {
+  RenameSettings& s = settings_;
+  Governs(s.Check_Prefix, s.Text_Prefix);
+  Governs(s.Check_Suffix, s.Text_Suffix);
+  Governs(s.Check_Seperator, s.Text_Seperator);
+  Governs(s.Check_Original, s.Combo_Original);
+  Governs(s.Check_Extension, s.Combo_Extension);
+  s.Combo_Original.rule = [this] {
+    ShowForm(settings_.Combo_Original, settings_.Combo_OriginalName, SampleBaseName);
+  };
+  s.Combo_Extension.rule = [this] {
+    ShowForm(settings_.Combo_Extension, settings_.Text_Extension, SampleExtension);
+  };
+  s.Check_UseCurrentDateTime.rule = [this] {
+    RenameSettings& r = settings_;
+    for (Control* field :
+         std::initializer_list<Control*>{&r.DTPicker_AdvancedDate, &r.Combo_AdvancedDate3,
+                                         &r.Combo_AdvancedDate4, &r.Combo_AdvancedDate5}) {
+      field->SetEnabled(!r.Check_UseCurrentDateTime.On());
+    }
+  };
+}
+
+void RenamePages::WireOptions() {
+  RenameSettings& s = settings_;
+  s.TabIndex.rule = [this] { ShowTabPage(settings_.TabIndex.Index()); };
+  s.Check_MoveEnable.rule = [this] { UpdateMoveControls(); };
+  s.Option_Copy.rule = [this] {
+    settings_.TransferMethod.Set(0);
+    Lbl_MoveTo.SetCaption("Copy To:");
+  };
+  s.Option_Move.rule = [this] {
+    settings_.TransferMethod.Set(1);
+    Lbl_MoveTo.SetCaption("Move To:");
+  };
+  s.Option_ChangeFileName.rule = [this] { ChooseAdvancedType(false); };
+  s.Option_ChangeFileDate.rule = [this] { ChooseAdvancedType(true); };
+}
+
+// What is left out here refreshes elsewhere or, like the typed filename, the direction and the
+// increment, not at all: the sample then follows with the next change of another field.
+void RenamePages::WireSampleRefresh() {
+  RenameSettings& s = settings_;
+  for (Control* field : std::initializer_list<Control*>{
+           &s.Text_Prefix, &s.Check_UniqueFirst, &s.Text_Seperator, &s.Text_UniqueMask,
+           &s.Text_UniqueStart, &s.Txt_RandomTo, &s.Combo_UniqueDateStart0,
+           &s.Combo_UniqueDateStart1, &s.Combo_UniqueDateStart2, &s.Combo_UniqueDate0,
+           &s.Combo_UniqueDate1, &s.Combo_UniqueDate2, &s.Text_UniqueDate1, &s.Text_UniqueDate2,
+           &s.Text_Suffix, &s.Text_Extension, &s.RTxt_Unique_Other}) {
+    field->rule = [this] { RefreshSampleFileName(); };
+  }
+}
+
+void RenamePages::ShowForm(const List& form, Text& field, std::string_view sample) {
+  const bool custom = form.Index() == FormCustom;
+  field.SetReadOnly(!custom);
+  if (form.Index() == FormUpper) {
+    field.Set(ToUpper(sample));
+  } else if (form.Index() == FormProper) {
+    field.Set(ToProper(sample));
+  } else if (!custom) {
+    field.Set(sample);
+  }
+  RefreshSampleFileName();
+}
+
+void RenamePages::ResetSettings() {
+  pane_.Text_StartCheck.Set("0");
+  pane_.Text_Step.Set("1");
+  pane_.Combo_Filter.SetItems({"*.*", "*.mp3", "*.htm*", "*.txt"});
+  settings_.FillDefaults(clock_.Now());
+  for (Tick* box : {&settings_.Check_Prefix, &settings_.Check_Suffix, &settings_.Check_Seperator,
+                    &settings_.Check_Extension, &settings_.Check_Original}) {
+    box->rule();
+  }
+  RefreshSampleFileName();
+}
+
+void RenamePages::RefreshSampleFileName() {
+  Label_SampleFileName.SetCaption(preview_.BuildSampleFileName());
+}
+
+void RenamePages::UpdateMoveControls() {
+  settings_.Txt_MoveTo.SetEnabled(settings_.Check_MoveEnable.On());
+}
+
+void RenamePages::ClearFindReplaceHistory() {
+  settings_.Combo_Find.ClearItems();
+  settings_.Combo_Replace.ClearItems();
+}
+
+void RenamePages::ClearFilenameHistory() {
+  settings_.Combo_OriginalName.ClearItems();
+}
+
+void RenamePages::ShowTabPage(int index) {
+  Frame1.SetVisible(index == PageProperties);
+  Frame_Advanced.SetVisible(index == PageAdvanced);
+  switch (index) {
+    case PageDelete:
+      screen_.RequestFocus(settings_.Combo_RemoveChars);
+      break;
+    case PageReplace:
+      screen_.RequestFocus(settings_.Combo_Find);
+      break;
+    case PageAdvanced:
+      ShowAdvancedPanel();
+      break;
+    case PageTags:
+      screen_.RequestFocus(settings_.RTxt_ID3Name);
+      break;
+    default:
+      break;
+  }
+}
+
+void RenamePages::ShowAdvancedPanel() {
+  const bool changeDate = settings_.Option_ChangeFileDate.On();
+  Frame_Advanced.SetVisible(!changeDate);
+  Frame_AdvancedDate.SetVisible(changeDate);
+}
+
+void RenamePages::ChooseAdvancedType(bool changeDate) {
+  settings_.AdvancedType.Set(changeDate ? 1 : 0);
+  ShowAdvancedPanel();
+}
+
+}  // namespace tallowbrook

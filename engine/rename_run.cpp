@@ -1,0 +1,149 @@
+#include "engine/rename_run.h"
+
+#include "engine/preview.h"
+
+namespace tallowbrook {
+
+RenameRun::RenameRun(RunWorld world, RenameSettings& settings, ListPane& pane, FileList& list,
+                     FolderScan& scan, NameBuilder& names, RandomNumberPool& pool)
+    : world_(world),
+      settings_(settings),
+      pane_(pane),
+      list_(list),
+      scan_(scan),
+      names_(names),
+      pool_(pool) {}
+
+void RenameRun::RenameFiles(std::size_t row, const std::string& newName) {
+  const bool single = row != 0;
+  if (row > list_.Count()) return;
+  PrepareTarget();
+  const std::size_t last = single ? row : static_cast<std::size_t>(pool_.PrepareRandomPool());
+  world_.log.BeginBatch(world_.clock.Now());
+  pool_.RandomPoolIndex = -1;
+  std::int32_t UniqueCounter = 0;
+  for (std::size_t i = single ? row : 1; i <= last; ++i) {
+    FileEntry& entry = list_.Row(i);
+    if (!TakesPart(entry, single)) {
+      entry.newName = "(Not Selected)";
+      entry.colour = RowColour::Skipped;
+      continue;
+    }
+    ++pool_.RandomPoolIndex;
+    // A copy: a renamed folder changes the paths of the rows.
+    const std::string directory = list_.Directory(i);
+    RowResult result =
+        Process(entry, directory,
+                single ? newName : names_.BuildNewName(entry.name, UniqueCounter, directory));
+    if (result.RowDone) {
+      FinishDone(entry, directory, result);
+      UniqueCounter = NextCounter(UniqueCounter, settings_);
+    } else {
+      FinishFailed(entry, directory, result);
+    }
+  }
+  list_.TellRows(1, list_.Count());
+  // Rows of files that have moved away go.
+  if (settings_.Check_MoveEnable.On() && settings_.TransferMethod.Value() == 1) scan_.FilterList();
+  world_.log.EndBatch();
+  world_.status.Set(0, "File Renaming has completed");
+  world_.log.Close();
+}
+
+void RenameRun::PrepareTarget() {
+  settings_.Txt_MoveTo.Set(WithSlash(settings_.Txt_MoveTo.Value()));
+  if (settings_.Txt_MoveTo.Value() != pane_.Txt_Address.Value()) return;
+  if (!settings_.Check_MoveEnable.On()) return;
+  settings_.Check_MoveEnable.Set(0);
+  if (updateMoveControls) updateMoveControls();
+}
+
+bool RenameRun::TakesPart(const FileEntry& row, bool single) const {
+  return (row.Checked || single) && !pool_.UsedUp();
+}
+
+RenameRun::RowResult RenameRun::Process(FileEntry& row, const std::string& directory,
+                                        std::string newName) {
+  RowResult result;
+  result.newName = std::move(newName);
+  result.CurrentDirectory = directory;
+  if (result.newName.starts_with(FailureMarker)) return result;
+  // No file name holds a "<": it marks a date command, or a keyword that nothing replaced.
+  if (result.newName.find('<') != std::string::npos) {
+    if (!world_.dates) return result;
+    std::string former = world_.dates->ProcessAttributes(directory + row.name, result.newName);
+    if (former.empty()) return result;
+    result.newName = std::move(former);
+    result.RowDone = true;
+    return result;
+  }
+  result.IsRenameRecord = true;
+  world_.status.Set(0, "Renaming '" + row.name + "' to '" + result.newName + "'");
+  if (world_.files.Rename(directory, row.name, result.newName) != FileError::None) return result;
+  result.RowDone = true;
+  Transfer(row, directory, result);
+  return result;
+}
+
+// Copies or moves the renamed file. Whatever comes of it, the row counts as done; a file that
+// couldn't be moved stays under its new name in its folder, and the record says so.
+void RenameRun::Transfer(FileEntry& row, const std::string& directory, RowResult& result) {
+  if (!settings_.Check_MoveEnable.On()) return;
+  const std::string& target = settings_.Txt_MoveTo.Value();
+  if (!Found(target) || directory == target) return;
+  const std::string source = directory + result.newName;
+  const FileError copied = world_.files.Copy(source, target + result.newName);
+  if (settings_.TransferMethod.Value() != 1) return;
+  if (copied != FileError::None) {
+    row.newName = "could not move file";
+    return;
+  }
+  // A source that can't be deleted stays beside its copy, and the record names the copy.
+  static_cast<void>(world_.files.Delete(source));
+  result.CurrentDirectory = target;
+}
+
+void RenameRun::FinishDone(FileEntry& row, const std::string& directory, RowResult& result) {
+  row.newName = "success";
+  row.colour = RowColour::Done;
+  RunRecord record;
+  record.kind = RunRecord::Kind::File;
+  if (pane_.Option1_Folders.On()) {
+    UpdateFolderPaths(row.name, result.newName, directory);
+    record.kind = RunRecord::Kind::Folder;
+  }
+  record.oldFolder = directory;
+  record.oldName = row.name;
+  record.newFolder = result.CurrentDirectory;
+  record.newName = result.IsRenameRecord ? result.newName : row.name;
+  if (!result.IsRenameRecord) record.detail = result.newName;
+  world_.log.Record(record);
+  if (!result.IsRenameRecord) return;
+  row.name = std::move(result.newName);
+  if (scan_.ThumbnailMode) row.rowText = row.name + " (success)";
+}
+
+void RenameRun::FinishFailed(FileEntry& row, const std::string& directory,
+                             const RowResult& result) {
+  row.newName = "error";
+  row.colour = RowColour::Failed;
+  RunRecord record;
+  record.oldFolder = directory;
+  record.oldName = row.name;
+  record.newFolder = directory;
+  record.newName = result.newName;
+  world_.log.Record(record);
+  if (scan_.ThumbnailMode) row.rowText = "(could not rename)";
+}
+
+bool RenameRun::Found(const std::string& path) {
+  return world_.files.Exists(path);
+}
+
+void RenameRun::UpdateFolderPaths(const std::string& oldName, const std::string& newName,
+                                  const std::string& directory) {
+  if (oldName == newName) return;
+  list_.Folders().Rename(directory + oldName + "/", directory + newName + "/");
+}
+
+}  // namespace tallowbrook

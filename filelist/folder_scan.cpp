@@ -1,0 +1,415 @@
+#include "filelist/folder_scan.h"
+
+#include <charconv>
+
+#include "base/letter_case.h"
+#include "base/text.h"
+
+namespace tallowbrook {
+
+namespace {
+
+constexpr std::string_view fileNameCaption = "File Name";
+constexpr std::string_view folderNameCaption = "Folder Name";
+constexpr std::string_view stopCaption = "Stop Scan";
+constexpr std::string_view startCaption = "Start Scan";
+// What a folders view falls back to when its folder can't be opened.
+const std::string fallbackFolder = "/";
+constexpr int exifDateOriginal = 36867;
+constexpr std::size_t rowsBetweenYields = 10;
+constexpr std::ptrdiff_t longestShownPath = 70;
+
+std::string WithoutSlash(std::string path) {
+  while (path.size() > 1 && path.back() == '/') path.pop_back();
+  return path;
+}
+
+// The number at the start of a text, as the check pattern's boxes hold it; 0 without one, the
+// largest where it has no room.
+std::int64_t BoxNumber(std::string_view text) {
+  std::int64_t value = 0;
+  const auto result = std::from_chars(text.data(), text.data() + text.size(), value);
+  return result.ec == std::errc::result_out_of_range ? INT32_MAX : value;
+}
+
+}  // namespace
+
+std::string GetFileExtension(std::string_view name) {
+  return std::string(ExtensionOf(name));
+}
+
+Date ParseExifDate(std::string_view text) {
+  const std::size_t blank = text.find(' ');
+  const std::vector<std::string_view> numbers = Split(text.substr(0, blank), ':');
+  if (numbers.size() < 3) return {};
+  std::string joined;
+  for (const std::size_t part : {1U, 2U, 0U}) {  // month, day, year
+    std::int16_t value = 0;
+    const std::string_view digits = numbers[part];
+    const char* end = digits.data() + digits.size();
+    const auto result = std::from_chars(digits.data(), end, value);
+    if (result.ec != std::errc() || result.ptr != end) return {};
+    joined.append(digits) += part == 0 ? ' ' : '/';
+  }
+  if (blank != std::string_view::npos) {
+    std::string_view time = text.substr(blank + 1);
+    time = time.substr(0, time.find(' '));
+    for (const char c : time) joined += c == '\0' ? ' ' : c;
+  }
+  return ParseDateText(joined).value_or(Date{});
+}
+
+bool FolderScan::SubfolderList::SetPath(Files& files, const std::string& folder) {
+  const std::unique_ptr<FolderListing> listing = files.ListFolder(folder);
+  if (!listing) return false;
+  Fill(*listing, folder);
+  return true;
+}
+
+void FolderScan::SubfolderList::Fill(const FolderListing& listing, const std::string& folder) {
+  folders.clear();
+  for (std::size_t i = 0; i < listing.Size(); ++i) {
+    const EntryKind kind = listing.Kind(i);
+    if (kind != EntryKind::Folder && kind != EntryKind::FolderLink) continue;
+    folders.push_back({JoinPath(folder, listing.Name(i)), kind == EntryKind::FolderLink});
+  }
+}
+
+FolderScan::FolderScan(ScanWorld world, FileList& list, ListPane& pane)
+    : world_(std::move(world)), list_(list), pane_(pane) {
+  WireRules();
+}
+
+void FolderScan::WireRules() {
+  pane_.Filter.Does([this] { FilterList(); });
+  pane_.ScanSub.Does([this] { ToggleSubfolderScan(); });
+  pane_.PushButton_AbortScan.rule = [this] { AbortRequested = true; };
+  pane_.Option1_Files.rule = [this] { ShowFiles(); };
+  pane_.Option1_Folders.rule = [this] { ShowFolders(); };
+  pane_.Combo1.rule = [this] { CompleteFolder(); };
+  pane_.SelectAll.Does([this] { list_.SetAllChecks(1); });
+  pane_.SelectNone.Does([this] { list_.SetAllChecks(2); });
+  pane_.SelectInverse.Does([this] { list_.SetAllChecks(3); });
+  pane_.Text_StartCheck.rule = [this] { ApplyCheckPattern(); };
+  pane_.Text_Step.rule = [this] { ApplyCheckPattern(); };
+}
+
+void FolderScan::ScanFolder(const std::string& path) {
+  if (ScanInProgress) {
+    AbortRequested = true;
+    return;
+  }
+  list_.SetVisible(false);
+  pane_.Frame_Progress.SetVisible(true);
+  // An empty path leaves the list hidden and the progress frame on show. It must be so.
+  if (path.empty()) return;
+  LastScanWasRecursive = false;
+  LastScanFolder = path;
+  FilesFound = 0;
+  ThumbnailsFound = 0;
+  ClearFileList();
+  const std::string folder = WithSlash(path);
+  // Compared exactly: here two folders may differ in case alone.
+  pane_.Txt_Address.Set(folder);
+  ScanInProgress = true;
+  list_.ToggleListSort();
+  ListFolderEntries(folder);
+  list_.ToggleListSort();
+  if (ThumbnailMode) {
+    world_.status.Set(0, "Scan Complete, " + std::to_string(std::int64_t(FilesFound)) +
+                             " file(s) found of which " +
+                             std::to_string(std::int64_t(ThumbnailsFound)) +
+                             " contained a thumbnail.");
+  }
+  ScanInProgress = false;
+  if (AbortRequested) world_.status.Set(0, "Scan Aborted...");
+  AbortRequested = false;
+  if (ExitAfterScan && exitProgram) exitProgram();
+  pane_.Frame_Progress.SetVisible(false);
+  list_.SetVisible(true);
+}
+
+void FolderScan::ListFolderEntries(const std::string& path) {
+  const std::string folder = WithSlash(path);
+  ListOpened(folder, world_.files.ListFolder(folder).get());
+}
+
+// `listing` is null if the folder couldn't be opened.
+void FolderScan::ListOpened(const std::string& folder, const FolderListing* listing) {
+  if (pane_.Option1_Files.On()) {
+    if (!listing) {
+      world_.status.Set(0, "Could not load directory");
+      return;
+    }
+    if (!ListFiles(folder, *listing)) return;
+  } else if (!ListFolders(folder, listing)) {
+    return;
+  }
+  ApplyCheckPattern();
+  world_.status.Set(0, "Scan Complete");
+}
+
+// False if it was stopped.
+bool FolderScan::ListFiles(const std::string& folder, const FolderListing& listing) {
+  std::vector<std::size_t> matches;
+  const std::string pattern = pane_.Combo_Filter.Value();
+  for (std::size_t i = 0; i < listing.Size(); ++i) {
+    if (listing.Kind(i) != EntryKind::File) continue;
+    if (pattern.empty() || MatchesPattern(listing.Name(i), pattern)) matches.push_back(i);
+  }
+  SetProgress(0, matches.size());
+  std::size_t done = 0;
+  for (const std::size_t i : matches) {
+    SetProgress(++done, matches.size());
+    AddFileRow(listing.Name(i), folder, listing.Facts(i));
+    if (AbortRequested) return false;
+  }
+  return true;
+}
+
+// False if it was stopped.
+bool FolderScan::ListFolders(const std::string& folder, const FolderListing* listing) {
+  if (listing) {
+    Dir1_.Fill(*listing, folder);
+  } else {
+    // During a ScanFolder this only asks that one to stop; Dir1_ still holds what it last held.
+    ScanFolder(fallbackFolder);
+  }
+  for (std::size_t i = 0; i < Dir1_.folders.size(); ++i) {
+    const std::string path = Dir1_.folders[i].path;
+    const std::size_t nameAt = path.rfind('/') + 1;
+    AddFolderRow(std::string_view(path).substr(nameAt), std::string_view(path).substr(0, nameAt));
+    if (AbortRequested) return false;
+  }
+  return true;
+}
+
+void FolderScan::AddListRow(std::string name, std::string directory) {
+  if (pane_.Option1_Folders.On()) {
+    AddFolderRow(name, directory);
+    return;
+  }
+  const std::size_t slash = name.rfind('/');
+  if (slash != std::string::npos) {
+    directory = name.substr(0, slash + 1);
+    name.erase(0, slash + 1);
+  }
+  AddFileRow(name, directory, world_.files.Facts(directory + name));
+}
+
+void FolderScan::AddFileRow(std::string_view name, const std::string& directory,
+                            const std::optional<FileFacts>& facts) {
+  ++FilesFound;
+  FileEntry entry;
+  entry.name = name;
+  entry.folder = list_.Folders().Intern(directory);
+  if (facts) {
+    entry.hasFacts = true;
+    entry.size = facts->size;
+    const std::optional<Date> exif = ExifDate(name, directory);
+    entry.shownDate = exif ? *exif : ListDate(*facts);
+    entry.sortDate = entry.shownDate;
+  }
+  list_.Add(std::move(entry));
+  if (list_.Count() % rowsBetweenYields == 0) world_.events.Yield();
+  ShowCount();
+}
+
+void FolderScan::AddFolderRow(std::string_view name, std::string_view directory) {
+  FileEntry entry;
+  entry.name = name;
+  entry.folder = list_.Folders().Intern(directory);
+  entry.isFolder = true;
+  list_.Add(std::move(entry));
+  ShowCount();
+}
+
+// Creation dates are shown in universal time, as the masks' creation dates are; modification
+// dates in local time.
+Date FolderScan::ListDate(const FileFacts& facts) {
+  return DateColumnMode == 1 ? UniversalDate(facts.created) : world_.clock.Local(facts.modified);
+}
+
+// A photo's own date, whichever file date the column shows; nothing for other files.
+std::optional<Date> FolderScan::ExifDate(std::string_view name, const std::string& directory) {
+  if (!world_.exif || ShowEXIFDateCreated != 1) return {};
+  const std::string extension = ToUpper(ExtensionOf(name));
+  if (extension != "JPEG" && extension != "JPG") return {};
+  const std::string text =
+      world_.exif->ReadExifTag(directory + std::string(name), exifDateOriginal);
+  if (text.empty()) return {};
+  return ParseExifDate(text);
+}
+
+std::string FolderScan::GetListDate(const std::string& path) {
+  const std::optional<FileFacts> facts = world_.files.Facts(path);
+  return facts ? GeneralDateText(ListDate(*facts)) : std::string();
+}
+
+void FolderScan::ScanSubfolders(const std::string& path) {
+  SubfolderList level;
+  if (level.SetPath(world_.files, WithSlash(path))) WalkLevel(level);
+}
+
+// Lists all folders of the level, then walks into each. A folder that can't be opened ends its
+// level; the levels above go on.
+void FolderScan::WalkLevel(const SubfolderList& level) {
+  if (level.folders.empty()) return;
+  std::vector<SubfolderList> below(level.folders.size());
+  for (std::size_t i = 0; i < below.size(); ++i) {
+    if (StopSubfolderScan) return;
+    const auto& [path, isLink] = level.folders[i];
+    if (isLink) continue;
+    const std::string folder = WithSlash(path);
+    const std::unique_ptr<FolderListing> listing = world_.files.ListFolder(folder);
+    if (!listing) return;
+    below[i].Fill(*listing, folder);
+    const bool isLong = std::ptrdiff_t(CountCharacters(path)) > longestShownPath;
+    world_.status.Set(0, (isLong ? "scanning ..." : "scanning ") +
+                             std::string(*RightCharacters(path, longestShownPath)));
+    ListOpened(folder, listing.get());
+  }
+  for (const SubfolderList& next : below) {
+    if (StopSubfolderScan) return;
+    WalkLevel(next);
+  }
+  world_.status.Set(0, "");
+  ApplyCheckPattern();
+}
+
+void FolderScan::ToggleSubfolderScan() {
+  const auto setCaption = [this](std::string_view caption) {
+    pane_.ScanSub.classic.SetCaption(caption);
+    pane_.ScanSub.styled.SetCaption(caption);
+  };
+  if (pane_.ScanSub.classic.Caption() == stopCaption) {
+    StopSubfolderScan = true;
+    setCaption(startCaption);
+    world_.status.Set(0, "Scan aborted by User");
+    return;
+  }
+  setCaption(stopCaption);
+  list_.Clear();
+  LastScanWasRecursive = true;
+  const std::string folder = LastScanFolder;
+  ListFolderEntries(folder);
+  ScanSubfolders(folder);
+  setCaption(startCaption);
+  StopSubfolderScan = false;
+}
+
+void FolderScan::ClearFileList() {
+  list_.Clear();
+  ShowCount();
+}
+
+void FolderScan::FilterList() {
+  if (pane_.Combo_Filter.Value().empty()) pane_.Combo_Filter.Set("*.*");
+  const std::string folder = LastScanFolder;
+  if (LastScanWasRecursive) {
+    ListFolderEntries(folder);
+    ScanSubfolders(folder);
+  } else {
+    ScanFolder(folder);
+  }
+}
+
+void FolderScan::ApplyCheckPattern() {
+  if (pane_.Text_Step.Value().empty()) pane_.Text_Step.Set("0");
+  list_.ApplyPattern(BoxNumber(pane_.Text_StartCheck.Value()), BoxNumber(pane_.Text_Step.Value()));
+}
+
+void FolderScan::AddDropped(const std::vector<std::string>& paths) {
+  for (std::string path : paths) {
+    if (IsDirectory(path)) {
+      ListFolderEntries(path);
+    } else {
+      AddListRow(path, {});
+    }
+  }
+  ApplyCheckPattern();
+}
+
+bool FolderScan::IsDirectory(std::string& path) {
+  for (const std::string& candidate : {path, std::string(TrimBlanks(path))}) {
+    const std::optional<FileFacts> facts = world_.files.Facts(candidate);
+    if (!facts || facts->kind != EntryKind::Folder) continue;
+    path = WithSlash(candidate);
+    return true;
+  }
+  return false;
+}
+
+bool FolderScan::SelectFolder(std::string path) {
+  if (!TrimBlanks(path).starts_with('/') || !IsDirectory(path)) return false;
+  const std::string folder = WithoutSlash(path);
+  pane_.FolderTreeview1.Set(folder);
+  ScanFolder(folder);
+  return true;
+}
+
+void FolderScan::AddressKey() {
+  if (ScanInProgress) AbortRequested = true;
+}
+
+void FolderScan::AddressEnter() {
+  AddressKey();
+  std::string path = pane_.Txt_Address.Value();
+  if (path == "~" || path.starts_with("~/")) path = JoinPath(world_.home, path.substr(1));
+  if (!SelectFolder(path)) world_.status.Set(0, "Could not load directory");
+}
+
+void FolderScan::CompleteFolder() {
+  const std::string text = pane_.Combo1.Value();
+  pane_.Combo1.ClearItems();
+  const std::size_t slash = text.rfind('/');
+  if (slash == std::string::npos) return;
+  if (slash + 1 == text.size()) {
+    SelectFolder(text);
+    Dir3_.SetPath(world_.files, text);
+    return;
+  }
+  const std::string tail = text.substr(slash + 1);
+  std::vector<std::string> proposals;
+  for (const SubfolderList::Subfolder& folder : Dir3_.folders) {
+    const std::string_view name = std::string_view(folder.path).substr(folder.path.rfind('/') + 1);
+    const auto head = LeftCharacters(name, std::ptrdiff_t(CountCharacters(tail)));
+    if (EqualIgnoringCase(*head, tail)) proposals.push_back(folder.path);
+  }
+  pane_.Combo1.SetItems(std::move(proposals));
+}
+
+void FolderScan::ShowFiles() {
+  if (list_.Caption(Column::FileName) == fileNameCaption) return;
+  if (viewChanged) viewChanged(false);
+  list_.SetCaption(Column::FileName, fileNameCaption);
+  list_.SetCaption(Column::NewFileName, "New File Name");
+  ScanFolder(pane_.Txt_Address.Value());
+}
+
+void FolderScan::ShowFolders() {
+  if (list_.Caption(Column::FileName) == folderNameCaption) return;
+  list_.SetCaption(Column::FileName, folderNameCaption);
+  list_.SetCaption(Column::NewFileName, "New Folder Name");
+  if (viewChanged) viewChanged(true);
+  ThumbnailMode = false;
+  pane_.Check_Thumbnails.Set(0);
+  ScanFolder(pane_.Txt_Address.Value());
+}
+
+void FolderScan::ShowCount() {
+  world_.status.Set(1, "Files in list: " + std::to_string(list_.Count()));
+}
+
+void FolderScan::SetProgress(std::size_t value, std::size_t maximum) {
+  const auto percent = [](std::size_t part, std::size_t whole) {
+    return whole == 0 ? 0 : part * 100 / whole;
+  };
+  const bool shown = value > 0 && maximum == pane_.ProgressMaximum &&
+                     percent(value, maximum) == percent(pane_.ProgressValue, maximum);
+  pane_.ProgressValue = value;
+  pane_.ProgressMaximum = maximum;
+  if (!shown) pane_.ProgressBar.SetCaption(std::to_string(percent(value, maximum)));
+}
+
+}  // namespace tallowbrook

@@ -1,0 +1,48 @@
+#include "filelist/list_pane.h"
+
+namespace tallowbrook {
+
+ListPane::ListPane(Screen& screen)
+    : FolderTreeview1(screen, {.name = "FolderTreeview1", .caption = "My Computer"}),
+      Txt_Address(screen, {.name = "Txt_Address", .caption = "Folder:"}),
+      Combo1(screen,
+             {.name = "Combo1", .tip = "Type a path to go to; a \"/\" at its end opens it"}),
+      Combo_Filter(screen, {.name = "Combo_Filter",
+                            .tip = "Which files to list, by wildcards: *.jpg, IMG_????.*"}),
+      Lbl_Filename_Filter(screen, {.name = "Lbl_Filename_Filter", .caption = "Filename Filter:"}),
+      Filter(screen, {.name = "Cmd_Filter", .caption = "Filter"},
+             {.name = "PushButton_Filter", .caption = "filter", .tip = "List the folder again"}),
+      ScanSub(screen, {.name = "Cmd_ScanSub", .caption = "Scan SubFolders"},
+              {.name = "PushButton_ScanSub",
+               .caption = "Scan Subfolders",
+               .tip = "List the files of this folder and of all folders below it"}),
+      Option1_Files(screen, {.name = "Option1_Files", .caption = "Files"}, "View"),
+      Option1_Folders(screen,
+                      {.name = "Option1_Folders",
+                       .caption = "Folders",
+                       .key = "ViewFolders=",
+                       .keyDefault = "False"},
+                      "View"),
+      Check_Thumbnails(screen, {.name = "Check_Thumbnails",
+                                .caption = "Thumbnails",
+                                .key = "ShowThumbnails=",
+                                .keyDefault = "0"}),
+      Frame_Progress(screen, {.name = "Frame_Progress", .caption = "Progress Update "}, false),
+      ProgressBar(screen, {.name = "ProgressBar"}),
+      PushButton_AbortScan(screen, {.name = "PushButton_AbortScan", .caption = "Stop Scan"}),
+      Label7(screen, {.name = "Label7", .caption = "Start"}),
+      Text_StartCheck(screen, {.name = "Text_StartCheck", .tip = "The first row to check"}, "0"),
+      Label8(screen, {.name = "Label8", .caption = "Step"}),
+      Text_Step(screen,
+                {.name = "Text_Step", .tip = "Check every row (1), every second (2), none (0)"},
+                "1"),
+      SelectAll(screen, {.name = "Cmd_SelectAll", .caption = "Select All"},
+                {.name = "PushButton_SelectAll", .caption = "All", .tip = "Check all rows"}),
+      SelectNone(screen, {.name = "Cmd_SelectNone", .caption = "Select None"},
+                 {.name = "PushButton_SelectNone", .caption = "None", .tip = "Check no row"}),
+      SelectInverse(screen, {.name = "Cmd_Invert", .caption = "Select Inverse"},
+                    {.name = "PushButton_SelectInverse",
+                     .caption = "Inverse",
+                     .tip = "Check the unchecked rows, uncheck the others"}) {}
+
+}  // namespace tallowbrook

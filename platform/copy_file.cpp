@@ -1,0 +1,188 @@
+// Copying of one file as a whole or not at all.
+//
+// The bytes go into a temporary file beside the target, which takes the target's place only when
+// it is complete; a full disk or a pulled stick leaves the old target and no litter. The kernel
+// copies where it can, and holes stay holes.
+#include <fcntl.h>
+#include <sys/stat.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <cstdio>
+#include <limits>
+
+#include "platform/file_descriptor.h"
+#include "platform/files.h"
+#include "platform/temporary_name.h"
+
+namespace tallowbrook {
+namespace {
+
+constexpr off_t untilEnd = std::numeric_limits<off_t>::max();
+constexpr off_t kernelChunk = off_t{1} << 30;
+constexpr std::size_t bufferSize = std::size_t{1} << 18;
+constexpr mode_t permissionBits = 0777;
+
+// A file that goes away with its object unless it was moved into place.
+class TemporaryFile {
+ public:
+  explicit TemporaryFile(std::string path)
+      : path_(std::move(path)),
+        file_(open(path_.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0600)),
+        mustRemove_(file_.IsOpen()) {}
+  TemporaryFile(const TemporaryFile&) = delete;
+  TemporaryFile& operator=(const TemporaryFile&) = delete;
+  ~TemporaryFile() {
+    if (mustRemove_) unlink(path_.c_str());
+  }
+
+  bool IsOpen() const { return file_.IsOpen(); }
+  int Number() const { return file_.Number(); }
+  // 0 or errno.
+  int MoveTo(const std::string& target) {
+    if (int error = file_.Close(); error != 0) return error;
+    if (rename(path_.c_str(), target.c_str()) != 0) return errno;
+    mustRemove_ = false;
+    return 0;
+  }
+
+ private:
+  std::string path_;
+  FileDescriptor file_;
+  bool mustRemove_;
+};
+
+int WriteFully(int to, const char* bytes, std::size_t size, off_t at) {
+  while (size > 0) {
+    const ssize_t written = pwrite(to, bytes, size, at);
+    if (written < 0 && errno == EINTR) continue;
+    if (written <= 0) return written < 0 ? errno : EIO;
+    bytes += written;
+    size -= static_cast<std::size_t>(written);
+    at += written;
+  }
+  return 0;
+}
+
+// What the copying routines work on: two open files and the next place in both.
+struct CopyState {
+  int from;
+  int to;
+  off_t at = 0;
+};
+
+// Reads and writes up to `end` or the source's end. 0 or errno.
+int CopyThroughMemory(CopyState& state, off_t end) {
+  std::string buffer(bufferSize, '\0');
+  while (state.at < end) {
+    const off_t wanted = std::min(end - state.at, static_cast<off_t>(bufferSize));
+    const ssize_t got =
+        pread(state.from, buffer.data(), static_cast<std::size_t>(wanted), state.at);
+    if (got < 0 && errno == EINTR) continue;
+    if (got <= 0) return got < 0 ? errno : 0;
+    const int error = WriteFully(state.to, buffer.data(), static_cast<std::size_t>(got), state.at);
+    if (error != 0) return error;
+    state.at += got;
+  }
+  return 0;
+}
+
+bool KernelCannotCopy(int error) {
+  return error == EXDEV || error == EINVAL || error == ENOSYS || error == EOPNOTSUPP ||
+         error == EBADF;
+}
+
+// Files that the kernel makes up (below /proc) copy as nothing; so the end that copy_file_range
+// finds counts only when reading finds it too.
+int CopyBytes(CopyState& state, off_t end) {
+  while (state.at < end) {
+    off_t readAt = state.at;
+    off_t writeAt = state.at;
+    const auto wanted = static_cast<std::size_t>(std::min(end - state.at, kernelChunk));
+    const ssize_t copied = copy_file_range(state.from, &readAt, state.to, &writeAt, wanted, 0);
+    if (copied < 0 && errno == EINTR) continue;
+    if (copied < 0 && !KernelCannotCopy(errno)) return errno;
+    if (copied <= 0) return CopyThroughMemory(state, end);
+    state.at += copied;
+  }
+  return 0;
+}
+
+// Goes to the next stretch of data. Its end, 0 if no data follows, untilEnd where the file system
+// knows no holes.
+off_t NextData(CopyState& state) {
+  const off_t data = lseek(state.from, state.at, SEEK_DATA);
+  if (data < 0) return errno == ENXIO ? 0 : untilEnd;
+  const off_t hole = lseek(state.from, data, SEEK_HOLE);
+  state.at = data;
+  return hole < 0 ? untilEnd : hole;
+}
+
+// All stretches of data; a hole at the end comes from setting the size. 0 or errno.
+int CopyContents(int from, int to) {
+  CopyState state{from, to};
+  for (;;) {
+    const off_t end = NextData(state);
+    if (end == 0) break;
+    if (int error = CopyBytes(state, end); error != 0) return error;
+    if (state.at < end) return 0;  // the source's very end, or it was cut meanwhile
+  }
+  struct stat source, copy;
+  if (fstat(from, &source) != 0 || fstat(to, &copy) != 0) return errno;
+  if (copy.st_size >= source.st_size) return 0;
+  return ftruncate(to, source.st_size) == 0 ? 0 : errno;
+}
+
+// The file is our own; a refusal means that its file system keeps no such thing.
+bool IsNotKept(int error) {
+  return error == EPERM || error == EOPNOTSUPP || error == ENOSYS;
+}
+
+int CopyAttributes(const struct stat& source, int to) {
+  const timespec times[] = {source.st_atim, source.st_mtim};
+  if (fchmod(to, source.st_mode & permissionBits) != 0 && !IsNotKept(errno)) return errno;
+  if (futimens(to, times) != 0 && !IsNotKept(errno)) return errno;
+  return 0;
+}
+
+FileError CheckSource(int source, struct stat& facts) {
+  if (fstat(source, &facts) != 0) return FromErrno(errno);
+  if (S_ISDIR(facts.st_mode)) return FileError::IsFolder;
+  return S_ISREG(facts.st_mode) ? FileError::None : FileError::Other;
+}
+
+// Only a regular file may lose its place to the copy, never a device or a folder.
+FileError CheckTarget(const std::string& target, const struct stat& source) {
+  struct stat facts;
+  if (stat(target.c_str(), &facts) != 0) {
+    return errno == ENOENT ? FileError::None : FromErrno(errno);
+  }
+  if (S_ISDIR(facts.st_mode)) return FileError::IsFolder;
+  if (facts.st_dev == source.st_dev && facts.st_ino == source.st_ino) return FileError::SameFile;
+  return S_ISREG(facts.st_mode) ? FileError::None : FileError::Other;
+}
+
+FileError WriteCopy(int from, const struct stat& source, const std::string& target) {
+  const std::size_t nameStart = target.rfind('/') + 1;  // 0 without a slash
+  TemporaryFile copy(target.substr(0, nameStart) + TemporaryName());
+  if (!copy.IsOpen()) return FromErrno(errno);
+  int error = CopyContents(from, copy.Number());
+  if (error == 0) error = CopyAttributes(source, copy.Number());
+  if (error == 0) error = copy.MoveTo(target);
+  return FromErrno(error);
+}
+
+}  // namespace
+
+FileError SystemFiles::Copy(const std::string& source, const std::string& target) {
+  // A pipe without a writer would hold up a blocking open for ever.
+  FileDescriptor from(open(source.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC));
+  if (!from.IsOpen()) return FromErrno(errno);
+  struct stat facts;
+  FileError error = CheckSource(from.Number(), facts);
+  if (error == FileError::None) error = CheckTarget(target, facts);
+  if (error != FileError::None) return error;
+  return WriteCopy(from.Number(), facts, target);
+}
+
+}  // namespace tallowbrook

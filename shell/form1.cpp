@@ -1,0 +1,133 @@
+#include "shell/form1.h"
+
+#include "shell/commands.h"
+
+namespace tallowbrook {
+
+Form1::Form1(const World& world)
+    : settings(screen),
+      pane(screen),
+      scan({world.files, world.clock, world.events, statusBar, world.home}, ListView1, pane),
+      pool(settings, ListView1, world.dialogs, world.clock, world.random),
+      names(settings, pool, world.clock, world.dateNames),
+      preview(screen, settings, ListView1, names, pool, world.dialogs, world.events, statusBar),
+      pages(screen, settings, pane, preview, world.dialogs, world.clock),
+      log(world.files),
+      run({world.files, world.clock, statusBar, log}, settings, pane, ListView1, scan, names, pool),
+      Apply(screen, {.name = "Cmd_Apply", .caption = "Apply"},
+            {.name = "PushButton_Apply",
+             .caption = "Apply",
+             .tip = "Rename the checked rows on the disk"}),
+      PreviewButton(screen, {.name = "Cmd_Preview", .caption = "Preview"},
+                    {.name = "PushButton_Preview",
+                     .caption = "Preview",
+                     .tip = "Show the new names; nothing on the disk changes"}),
+      Exit(screen, {.name = "Cmd_Exit", .caption = "Exit"},
+           {.name = "PushButton_Exit", .caption = "Exit"}),
+      world_(world) {
+  WireButtons();
+}
+
+void Form1::WireButtons() {
+  Apply.Does([this] { run.RenameFiles(0, {}); });
+  PreviewButton.Does([this] { preview.PreviewFiles(); });
+  Exit.Does([this] { ExitProgram(); });
+  run.updateMoveControls = [this] { pages.UpdateMoveControls(); };
+  preview.thumbnailMode = [this] { return scan.ThumbnailMode; };
+  scan.exitProgram = [this] { ExitProgram(); };
+  // A folder's name is searched whole.
+  scan.viewChanged = [this](bool folders) {
+    if (folders) settings.Option_Search1.Choose();
+    for (Option* option :
+         {&settings.Option_Search1, &settings.Option_Search2, &settings.Option_Search3}) {
+      option->SetVisible(!folders);
+    }
+  };
+}
+
+// The order is fixed: later steps read what earlier ones set.
+void Form1::Load() {
+  ProgramLoading = true;
+  statusBar.Set(0, "");
+  statusBar.Set(1, "");
+  SetInitialOptions();
+  pages.ResetSettings();
+  GetConfiguration();
+  pages.UpdateMoveControls();
+  AskAutoUpdate();
+  log.SetPath(world_.folders.data + "Logfile.txt");
+  if (AutoUpdate) AutoUpdateIfDue();
+  ListView1.SetCaption(Column::Date, scan.DateColumnMode == 1 ? "Date Created" : "Date Modified");
+  pages.unique.UniqueClicked();
+  if (DisplayStartupTipsNew == 1) ShowStartupTips();
+  SetupCommandBars();
+  BuildRibbon();
+  Profile_List_Update();
+  ApplyStyle(CurrentStyle);
+  ProgramLoading = false;
+}
+
+void Form1::SetInitialOptions() {
+  pane.Option1_Files.Choose();
+  settings.Option_Copy.Choose();
+  settings.Option_ChangeFileName.Choose();
+  settings.Option_Search1.Choose();
+}
+
+void Form1::ExitProgram() {
+  if (scan.ScanInProgress) {
+    scan.AbortRequested = true;
+    scan.ExitAfterScan = true;
+    return;
+  }
+  if (ExitDone) return;
+  scan.AbortRequested = true;
+  // A subfolder scan that is still on the stack ends at its next folder.
+  scan.StopSubfolderScan = true;
+  ExitDone = true;
+  SaveSettings();
+  if (unload) unload();
+}
+
+void Form1::Dispatch(int number) {
+  switch (number) {
+    case commandReset:
+      pages.ResetSettings();
+      if (layoutChanged) layoutChanged();
+      break;
+    case commandExit:
+      ExitProgram();
+      break;
+    default:
+      break;
+  }
+}
+
+void Form1::OpenManualRename() {
+  ManualRenameRow = 0;
+  for (std::size_t i = 1; i <= ListView1.Count() && ManualRenameRow == 0; ++i) {
+    if (ListView1.Row(i).Selected) ManualRenameRow = i;
+  }
+  if (ManualRenameRow == 0 || !showManualRename) return;
+  ManualRename dialog(ListView1.Row(ManualRenameRow).name, world_.dialogs,
+                      [this](const std::string& name) { run.RenameFiles(ManualRenameRow, name); });
+  showManualRename(dialog);
+}
+
+// Nothing is stored yet: every start is a first one and shows the user's own folder.
+void Form1::GetConfiguration() {
+  scan.SelectFolder(world_.home);
+}
+
+void Form1::SaveSettings() {}
+void Form1::AskAutoUpdate() {}
+void Form1::AutoUpdateIfDue() {}
+void Form1::ShowStartupTips() {}
+void Form1::SetupCommandBars() {}
+void Form1::BuildRibbon() {}
+void Form1::Profile_List_Update() {}
+void Form1::ApplyStyle(const std::string& path) {
+  CurrentStyle = path;
+}
+
+}  // namespace tallowbrook

@@ -1,0 +1,148 @@
+#include "store/log_format.h"
+
+#include <array>
+
+#include "base/text.h"
+
+namespace tallowbrook::log_format {
+
+namespace {
+
+constexpr std::string_view hexDigits = "0123456789ABCDEF";
+
+bool MustEscape(char c, bool keepQuestionMarks) {
+  switch (c) {
+    case recordEnd:
+    case statusEnd:
+    case batchEnd:
+    case escape:
+    case '\r':
+    case '\n':
+      return true;
+    case fieldEnd:
+      return !keepQuestionMarks;
+    default:
+      return false;
+  }
+}
+
+void AppendEscape(std::string& text, char c) {
+  const auto byte = static_cast<unsigned char>(c);
+  text += escape;
+  text += hexDigits[byte >> 4];
+  text += hexDigits[byte & 15];
+}
+
+void AppendEscaped(std::string& text, std::string_view piece, bool keepQuestionMarks) {
+  for (const char c : piece) {
+    if (MustEscape(c, keepQuestionMarks)) {
+      AppendEscape(text, c);
+    } else {
+      text += c;
+    }
+  }
+}
+
+// A reader trims the blanks around a path; the last one of a trailing run holds the others.
+void AppendPath(std::string& line, std::string_view folder, std::string_view name,
+                bool keepQuestionMarks) {
+  const bool endsInBlank = name.ends_with(' ') || (name.empty() && folder.ends_with(' '));
+  AppendEscaped(line, folder, false);
+  AppendEscaped(line, name, keepQuestionMarks);
+  if (endsInBlank) {
+    line.pop_back();
+    AppendEscape(line, ' ');
+  }
+  line += fieldEnd;
+}
+
+}  // namespace
+
+std::string Header(Date now) {
+  return "@----------- " + FormatDate(now, "mm/dd/yy", EnglishDateNames()) + " [" +
+         FormatDate(now, "hh:mm", EnglishDateNames()) + "] -----------@";
+}
+
+void FormatRecord(const RunRecord& record, std::string& line) {
+  const bool failed = record.kind == RunRecord::Kind::Failed;
+  line = std::to_string(static_cast<int>(record.kind));
+  line += statusEnd;
+  line += ' ';
+  AppendPath(line, record.oldFolder, record.oldName, false);
+  // A name that failed is as composed: its question marks say why.
+  AppendPath(line, record.newFolder, record.newName, failed);
+  if (!record.detail.empty()) {
+    AppendEscaped(line, record.detail, false);
+    line += fieldEnd;
+  }
+  line += statusEnd;
+  line += recordEnd;
+}
+
+std::string Escaped(std::string_view path, bool keepQuestionMarks) {
+  std::string text;
+  AppendPath(text, {}, path, keepQuestionMarks);
+  text.pop_back();
+  return text;
+}
+
+std::string Unescaped(std::string_view text) {
+  std::string path;
+  path.reserve(text.size());
+  for (std::size_t i = 0; i < text.size(); ++i) {
+    if (text[i] == escape && i + 2 < text.size()) {
+      const std::size_t high = hexDigits.find(text[i + 1]);
+      const std::size_t low = hexDigits.find(text[i + 2]);
+      if (high != std::string_view::npos && low != std::string_view::npos) {
+        path += static_cast<char>(high * 16 + low);
+        i += 2;
+        continue;
+      }
+    }
+    path += text[i];
+  }
+  return path;
+}
+
+std::vector<std::string_view> SplitBatches(std::string_view log) {
+  std::vector<std::string_view> batches = Split(log, batchEnd);
+  batches.pop_back();
+  return batches;
+}
+
+std::optional<Batch> ParseBatch(std::string_view text) {
+  std::array<std::size_t, 3> blanks{};
+  std::size_t from = 0;
+  for (std::size_t& blank : blanks) {
+    blank = text.find(' ', from);
+    if (blank == std::string_view::npos) return {};
+    from = blank + 1;
+  }
+  Batch batch;
+  batch.date = text.substr(blanks[0] + 1, blanks[1] - blanks[0] - 1);
+  const std::string_view time = text.substr(blanks[1] + 1, blanks[2] - blanks[1] - 1);
+  if (time.size() < 2) return {};
+  batch.time = time.substr(1, time.size() - 2);
+  for (std::size_t at = 0;;) {
+    const std::size_t end = text.find(lineBreak, at);
+    batch.lines.push_back(text.substr(at, end == std::string_view::npos ? end : end - at));
+    if (end == std::string_view::npos) return batch;
+    at = end + lineBreak.size();
+  }
+}
+
+std::optional<Entry> ParseRecord(std::string_view line) {
+  if (line.empty() || line.front() == '@') return {};
+  const std::vector<std::string_view> halves = Split(line, statusEnd);
+  if (halves.size() < 2) return {};
+  const std::vector<std::string_view> fields = Split(halves[1], fieldEnd);
+  if (fields.size() < 2) return {};
+  Entry entry;
+  entry.status = halves[0];
+  entry.oldPath = Unescaped(TrimBlanks(fields[0]));
+  entry.newPath = Unescaped(TrimBlanks(fields[1]));
+  if (fields.size() == 4) entry.detail = TrimBlanks(fields[2]);
+  return entry;
+}
+
+}  // namespace tallowbrook::log_format

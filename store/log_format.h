@@ -1,0 +1,56 @@
+// The grammar of Logfile.txt: header, record and end of a batch, written and read side by side.
+//
+// docs/log_format.md has the whole of it. A path may hold any bytes; those that mean something to
+// the grammar are escaped on the way in and turned back on the way out, so that no name can forge
+// a record.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "base/date.h"
+#include "engine/run_log.h"
+
+namespace tallowbrook::log_format {
+
+inline constexpr char recordEnd = 5;   // written behind each record, never read
+inline constexpr char statusEnd = 6;   // between the status and the paths
+inline constexpr char batchEnd = 7;    // ends a batch
+inline constexpr char escape = 16;     // before two upper-case hex digits
+inline constexpr char fieldEnd = '?';  // behind each path, and behind the detail
+inline constexpr std::string_view lineBreak = "\r\n";
+
+// Without a line break at its end, like the other two: what a log writes adds it.
+std::string Header(Date now);
+// Replaces `line`.
+void FormatRecord(const RunRecord& record, std::string& line);
+
+// A path as it stands in a record, and back. Back is lenient: an escape that isn't followed by
+// two hex digits stands for itself.
+std::string Escaped(std::string_view path, bool keepQuestionMarks = false);
+std::string Unescaped(std::string_view text);
+
+struct Batch {
+  std::string date;
+  std::string time;
+  // The lines of its text, split at line breaks; line 0 is empty if the batch begins with one.
+  std::vector<std::string_view> lines;
+};
+// The batches' texts: what stands between the ends of batches. What stands behind the last end
+// belongs to a run that didn't finish, and isn't one.
+std::vector<std::string_view> SplitBatches(std::string_view log);
+// Nothing for a batch without a header that has three blanks.
+std::optional<Batch> ParseBatch(std::string_view text);
+
+struct Entry {
+  std::string status;
+  std::string oldPath;
+  std::string newPath;
+  std::string detail;
+};
+// Nothing for a line that holds no record: an empty one, a header, or one of too few fields.
+std::optional<Entry> ParseRecord(std::string_view line);
+
+}  // namespace tallowbrook::log_format

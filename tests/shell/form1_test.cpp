@@ -1,0 +1,130 @@
+// The whole program without a window, driven by the names of its controls.
+#include "shell/form1.h"
+
+#include "shell/commands.h"
+#include "tests/support/fakes.h"
+#include "tests/support/temporary_folder.h"
+
+namespace tallowbrook {
+namespace {
+
+class Form1Test : public testing::Test {
+ protected:
+  Form1Test() {
+    home.Write("a.txt", "1");
+    home.Write("b.txt", "2");
+    form.unload = [this] { ++unloads; };
+  }
+  Control& Find(std::string_view name) { return *form.screen.Find(name); }
+  void Press(std::string_view name) { dynamic_cast<Button&>(Find(name)).Press(); }
+
+  TemporaryFolder home;
+  TemporaryFolder data;
+  SystemFiles files;
+  FakeClock clock;
+  FakeRandom random;
+  FakeDialogs dialogs;
+  FakeEvents events;
+  Form1 form{{files,
+              clock,
+              random,
+              dialogs,
+              events,
+              EnglishDateNames(),
+              {data.Path(), data.Path()},
+              home.Path()}};
+  int unloads = 0;
+};
+
+TEST_F(Form1Test, AFirstStartShowsTheHomeFolder) {
+  form.Load();
+  EXPECT_FALSE(form.ProgramLoading);
+  EXPECT_EQ(form.ListView1.Count(), 2U);
+  EXPECT_EQ(form.pane.Txt_Address.Value(), home.Path());
+  EXPECT_TRUE(form.pane.Option1_Files.On());
+  EXPECT_TRUE(form.settings.Option_Search1.On());
+  EXPECT_FALSE(form.settings.Txt_MoveTo.Enabled());
+  EXPECT_EQ(form.pages.Label_SampleFileName.Caption(), "filename-0001.abc");
+  EXPECT_EQ(form.settings.Combo_Occurances.Items().size(), 31U);
+  EXPECT_EQ(form.statusBar.Pane(1), "Files in list: 2");
+}
+
+TEST_F(Form1Test, ButtonsPreviewAndApplyAndTheLogTellsOfIt) {
+  form.Load();
+  for (const char* preview : {"Cmd_Preview", "PushButton_Preview"}) {
+    form.ListView1.Row(1).newName.clear();
+    Press(preview);
+    EXPECT_EQ(form.ListView1.Row(1).newName, "a-0001.txt");
+  }
+  Press("PushButton_Apply");
+  EXPECT_EQ(home.Names(), (std::vector<std::string>{"a-0001.txt", "b-0002.txt"}));
+  const std::string path = home.Path();
+  EXPECT_EQ(data.Read("Logfile.txt"),
+            "@----------- 02/29/24 [13:05] -----------@\r\n"
+            "1\x06 " +
+                path + "a.txt?" + path +
+                "a-0001.txt?\x06\x05\r\n"
+                "1\x06 " +
+                path + "b.txt?" + path + "b-0002.txt?\x06\x05\r\n\x07\r\n");
+}
+
+TEST_F(Form1Test, TheEndComesOnceAndWaitsForAScan) {
+  for (int i = 0; i < 20; ++i) home.Write("n" + std::to_string(i), "");
+  events.atYield[1] = [this] {
+    Press("PushButton_Exit");
+    EXPECT_EQ(unloads, 0);
+  };
+  form.Load();
+  EXPECT_EQ(unloads, 1);
+  EXPECT_EQ(form.ListView1.Count(), 10U);
+  form.Dispatch(commandExit);
+  EXPECT_EQ(unloads, 1);
+}
+
+TEST_F(Form1Test, AFoldersViewSearchesWholeNames) {
+  form.Load();
+  Find("Option_Search3").SetValueText("True");
+  Find("Option1_Folders").SetValueText("True");
+  EXPECT_TRUE(form.settings.Option_Search1.On());
+  EXPECT_FALSE(form.settings.Option_Search2.Visible());
+  Find("Option1_Files").SetValueText("True");
+  EXPECT_TRUE(form.settings.Option_Search2.Visible());
+}
+
+TEST_F(Form1Test, CommandsAreDispatchedByNumber) {
+  form.Load();
+  int layouts = 0;
+  form.layoutChanged = [&] { ++layouts; };
+  form.settings.Text_UniqueMask.Set("x");
+  form.Dispatch(commandReset);
+  EXPECT_EQ(form.settings.Text_UniqueMask.Value(), "0000");
+  EXPECT_EQ(layouts, 1);
+  form.Dispatch(4711);
+  EXPECT_EQ(unloads, 0);
+}
+
+TEST_F(Form1Test, ARowIsRenamedByHand) {
+  form.Load();
+  form.showManualRename = [](ManualRename&) { FAIL() << "no row is highlighted"; };
+  form.OpenManualRename();
+  form.ListView1.Row(2).Selected = true;
+  form.ListView1.SetChecked(2, false);
+  int closes = 0;
+  form.showManualRename = [&](ManualRename& dialog) {
+    dialog.close = [&] { ++closes; };
+    EXPECT_EQ(dialog.Txt_OldName.Value(), "b.txt");
+    dialogs.answers = {Answer::Ok};
+    dialog.Txt_NewFileName.Set("");
+    dialog.Cmd_Rename.Press();
+    EXPECT_EQ(closes, 0);
+    dialog.Txt_NewFileName.Set("typed name");
+    dialog.Cmd_Rename.Press();
+  };
+  form.OpenManualRename();
+  EXPECT_EQ(dialogs.asked.back().text, "You must specify a new filename");
+  EXPECT_EQ(closes, 1);
+  EXPECT_TRUE(home.Exists("typed name"));
+}
+
+}  // namespace
+}  // namespace tallowbrook

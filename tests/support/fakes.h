@@ -1,0 +1,92 @@
+// What the program asks of the world, answered by a test.
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <deque>
+#include <functional>
+#include <map>
+#include <vector>
+
+#include "base/dialogs.h"
+#include "base/pending_events.h"
+#include "engine/rename_run.h"
+#include "engine/run_log.h"
+#include "platform/clock.h"
+#include "platform/random.h"
+
+namespace tallowbrook {
+
+// Answers from a queue; a question that no test expected fails the test and gets No.
+class FakeDialogs : public Dialogs {
+ public:
+  std::deque<Answer> answers;
+  std::vector<MessageBox> asked;
+
+  Answer Ask(const MessageBox& box) override {
+    asked.push_back(box);
+    if (answers.empty()) {
+      ADD_FAILURE() << "unexpected question: " << box.title << ": " << box.text;
+      return box.buttons == Buttons::Ok ? Answer::Ok : Answer::No;
+    }
+    const Answer answer = answers.front();
+    answers.pop_front();
+    return answer;
+  }
+};
+
+// Counts the yields and may run something at one of them, as a user would click.
+class FakeEvents : public PendingEvents {
+ public:
+  int yields = 0;
+  std::map<int, std::function<void()>> atYield;  // from 1
+
+  void Yield() override {
+    const auto found = atYield.find(++yields);
+    if (found != atYield.end()) found->second();
+  }
+};
+
+// Stands at one moment, in universal time unless an offset is set.
+class FakeClock : public Clock {
+ public:
+  Date now = *MakeDate({2024, 2, 29, 13, 5, 9});
+  std::int64_t offset = 0;  // seconds east of universal time
+
+  Date Now() override { return now; }
+  Date Local(std::int64_t posixSeconds) override {
+    return Date{UniversalDate(posixSeconds).seconds + offset};
+  }
+};
+
+// Gives the values of a list, over and over.
+class FakeRandom : public RandomSource {
+ public:
+  std::vector<double> values{0.5};
+  std::vector<double> seeds;
+
+  void Reseed(double secondsSinceMidnight) override { seeds.push_back(secondsSinceMidnight); }
+  double Next() override { return values[next_++ % values.size()]; }
+
+ private:
+  std::size_t next_ = 0;
+};
+
+// Keeps a batch as lines: "1 old > new", and the detail behind a "|".
+class FakeLog : public RunLog {
+ public:
+  std::vector<std::string> lines;
+
+  void BeginBatch(Date) override { lines.push_back("begin"); }
+  void Record(const RunRecord& record) override {
+    std::string line = std::to_string(static_cast<int>(record.kind)) + " ";
+    line.append(record.oldFolder).append(record.oldName).append(" > ");
+    line.append(record.newFolder).append(record.newName);
+    if (!record.detail.empty()) line.append("|").append(record.detail);
+    lines.push_back(line);
+  }
+  void EndBatch() override { lines.push_back("end"); }
+  void Close() override { lines.push_back("close"); }
+};
+
+}  // namespace tallowbrook
