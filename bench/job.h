@@ -1,0 +1,30 @@
+// A measured job and the bare system calls that bound it, timed in turn in one run.
+#pragma once
+
+#include <functional>
+#include <string>
+
+namespace tallowbrook::bench {
+
+struct Job {
+  std::string name;
+  // Each brings the files into their first state, unmeasured, and then does the measured work;
+  // the work's seconds come back.
+  std::function<double()> program;
+  std::function<double()> limit;
+};
+
+// Registers the job; main runs those that the command line names, or all.
+void Register(Job job);
+
+// The seconds that `work` takes.
+double Seconds(const std::function<void()>& work);
+
+// A new empty folder with "/" at its end, on a tmpfs where there is one. Removed at the end.
+std::string NewFolder();
+// `count` empty files "photo_0000001.jpg" and so on.
+void FillFolder(const std::string& folder, int count);
+// Removes the folder's content.
+void EmptyFolder(const std::string& folder);
+
+}  // namespace tallowbrook::bench

@@ -1,0 +1,79 @@
+// A run that is killed in its middle: the log must know of every file that was renamed.
+#include <signal.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <chrono>
+#include <set>
+#include <thread>
+
+#include "shell/form1.h"
+#include "store/log_format.h"
+#include "tests/support/fakes.h"
+#include "tests/support/temporary_folder.h"
+
+namespace tallowbrook {
+namespace {
+
+constexpr int fileCount = 100'000;
+
+// In the child: a run over the whole folder.
+[[noreturn]] void RunAndExit(const std::string& folder, const std::string& data) {
+  SystemFiles files;
+  FakeClock clock;
+  FakeRandom random;
+  FakeDialogs dialogs;
+  FakeEvents events;
+  Form1 form{{files, clock, random, dialogs, events, EnglishDateNames(), {data, data}, folder}};
+  form.Load();
+  form.run.RenameFiles(0, {});
+  _exit(0);
+}
+
+void KillWhenTheLogHas(pid_t child, const std::string& log, std::int64_t bytes) {
+  SystemFiles files;
+  const auto deadline = std::chrono::steady_clock::now() + std::chrono::minutes(2);
+  while (std::chrono::steady_clock::now() < deadline) {
+    const auto facts = files.Facts(log);
+    if (facts && facts->size > bytes) break;
+    std::this_thread::sleep_for(std::chrono::microseconds(100));
+  }
+  kill(child, SIGKILL);
+  int status = 0;
+  waitpid(child, &status, 0);
+  ASSERT_TRUE(WIFSIGNALED(status)) << "the run ended before it could be killed";
+}
+
+TEST(KilledRun, EveryRenamedFileButAtMostOneHasItsRecord) {
+  TemporaryFolder folder;
+  TemporaryFolder data;
+  for (int i = 0; i < fileCount; ++i) folder.Write("file" + std::to_string(100'000 + i), {});
+  const pid_t child = fork();
+  ASSERT_GE(child, 0);
+  if (child == 0) RunAndExit(folder.Path(), data.Path());
+  KillWhenTheLogHas(child, data.Path("Logfile.txt"), 40'000 * 60);
+
+  // The batch has no end: it gets one here, to be read as a batch.
+  const std::string log = data.Read("Logfile.txt") + "\x07";
+  std::set<std::string> recorded;
+  const auto batch = log_format::ParseBatch(log_format::SplitBatches(log).front());
+  ASSERT_TRUE(batch);
+  for (std::size_t i = 1; i < batch->lines.size(); ++i) {
+    const auto entry = log_format::ParseRecord(batch->lines[i]);
+    if (entry) recorded.insert(entry->newPath);
+  }
+  int renamed = 0;
+  int unrecorded = 0;
+  for (const std::string& name : folder.Names()) {
+    if (name.find('-') == std::string::npos) continue;
+    ++renamed;
+    if (!recorded.contains(folder.Path(name))) ++unrecorded;
+  }
+  EXPECT_GT(renamed, 1000);
+  EXPECT_LT(renamed, fileCount);
+  EXPECT_LE(unrecorded, 1);
+  EXPECT_EQ(static_cast<int>(recorded.size()) + unrecorded, renamed);
+}
+
+}  // namespace
+}  // namespace tallowbrook

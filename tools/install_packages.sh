@@ -1,0 +1,26 @@
+# Installs what is missing of the Debian packages named as arguments; nothing when all are there.
+# Sourced by start, check and measure.
+install_packages() {
+  local missing=() package
+  for package in "$@"; do
+    dpkg-query -W -f='${Status}' "$package" 2>/dev/null | grep -q 'ok installed' ||
+      missing+=("$package")
+  done
+  [ "${#missing[@]}" -eq 0 ] && return 0
+  local as_root=()
+  [ "$(id -u)" -eq 0 ] || as_root=(sudo)
+  echo "Installing: ${missing[*]}"
+  "${as_root[@]}" apt-get update -qq
+  DEBIAN_FRONTEND=noninteractive "${as_root[@]}" apt-get install -y -qq --no-install-recommends \
+    "${missing[@]}" >/dev/null
+}
+
+# What the program is built from and runs on.
+program_packages=(g++ cmake ninja-build pkg-config libpcre2-dev qt6-base-dev qt6-qpa-plugins
+                  libqt6svg6 fonts-dejavu-core)
+# What shows it where no display is.
+tour_packages=(xvfb)
+check_packages=(libgtest-dev libgmock-dev clang-format clang-tidy python3)
+measure_packages=(libbenchmark-dev)
+
+jobs=$(nproc)
