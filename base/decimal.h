@@ -1,5 +1,5 @@
-// Exact decimals: 96 bits of digits and up to 28 of them behind the point, as in the numbers
-// that the masks compute with.
+// Exact decimals: 96 bits of digits and up to 28 of them behind the point, for start values,
+// increments and letters counted as numbers.
 #pragma once
 
 #include <cstdint>

@@ -17,8 +17,8 @@ char32_t FoldCase(char32_t code);
 
 std::string ToUpper(std::string_view text);
 std::string ToLower(std::string_view text);
-// All letters in lower case, then the first letter of each word in upper case. Words end at the
-// characters 0, 9 to 13 and 32 only.
+// "the-BIG one" becomes "The-big One": only blank, tab, the line and page breaks and NUL part
+// words, so that a hyphen, a dot or an underscore begins none.
 std::string ToProper(std::string_view text);
 
 bool EqualIgnoringCase(std::string_view a, std::string_view b);

@@ -1,8 +1,5 @@
 #include "engine/name_builder.h"
 
-#include <algorithm>
-#include <limits>
-
 #include "base/letter_case.h"
 #include "base/text.h"
 
@@ -23,9 +20,12 @@ std::string Formed(std::string_view text, int form) {
   }
 }
 
-// Appends what a step gave; a step that failed contributes nothing.
-void Append(std::string& result, std::optional<std::string_view> piece) {
-  if (piece) result += *piece;
+// "7", "07" and " 7 " are all "07"; a text that is no number stays as it is.
+std::string TwoDigits(const std::string& text) {
+  const std::optional<Decimal> number = Decimal::Parse(text);
+  const std::optional<std::int32_t> whole = number ? number->ToInt32() : std::nullopt;
+  if (!whole) return text;
+  return (*whole >= 0 && *whole < 10 ? "0" : "") + std::to_string(*whole);
 }
 
 }  // namespace
@@ -36,7 +36,7 @@ std::string ApplyMask(std::string_view mask, int mode, std::string_view value) {
   const std::size_t valueLength = CountCharacters(value);
   std::string result;
   if (maskLength > valueLength) {
-    Append(result, LeftCharacters(mask, static_cast<std::ptrdiff_t>(maskLength - valueLength)));
+    result = *LeftCharacters(mask, static_cast<std::ptrdiff_t>(maskLength - valueLength));
   }
   result += value;
   return result;
@@ -58,6 +58,7 @@ std::string NameBuilder::BuildNewName(std::string_view fileName, std::int32_t co
       return FindAndReplace(parts);
     case PageAdvanced:
       return settings_.Option_ChangeFileDate.On() ? DateCommand() : std::string();
+    case PageTags:  // waits for the tag readers: without a name the rename fails and harms nothing
     default:
       return {};
   }
@@ -72,12 +73,12 @@ std::string NameBuilder::ComposeProperties(const NameParts& parts, std::int32_t 
     AddToComboHistory(settings_.Combo_OriginalName);
   }
   if (s.Combo_Extension.Index() == FormCustom) extension = s.Text_Extension.Value();
-  const int first = s.Check_UniqueFirst.On() ? 2 : 1;
+  const bool uniqueFirst = s.Check_UniqueFirst.On();
   std::string name;
   if (s.Check_Prefix.On()) name += s.Text_Prefix.Value();
-  name += BuildUniqueParameter(first, base, counter);
+  name += BuildUniqueParameter(uniqueFirst ? UniquePart : NamePart, base, counter);
   if (s.Check_Seperator.On()) name += s.Text_Seperator.Value();
-  name += BuildUniqueParameter(3 - first, base, counter);
+  name += BuildUniqueParameter(uniqueFirst ? NamePart : UniquePart, base, counter);
   if (s.Check_Suffix.On()) name += s.Text_Suffix.Value();
   if (s.Check_Extension.On() && !extension.empty()) {
     name += '.';
@@ -88,8 +89,8 @@ std::string NameBuilder::ComposeProperties(const NameParts& parts, std::int32_t 
 
 std::string NameBuilder::BuildUniqueParameter(int part, std::string_view baseName,
                                               std::int32_t counter) {
-  if (part == 2) return settings_.Check_Unique.On() ? UniqueValue(counter) : std::string();
-  if (part != 1 || !settings_.Check_Original.On()) return {};
+  if (part == UniquePart) return settings_.Check_Unique.On() ? UniqueValue(counter) : std::string();
+  if (part != NamePart || !settings_.Check_Original.On()) return {};
   return Formed(baseName, settings_.Combo_Original.Index());
 }
 
@@ -185,10 +186,8 @@ std::string NameBuilder::DateCommand() const {
     constexpr std::int64_t day = 86400;
     const Date date = s.DTPicker_AdvancedDate.Value();
     command += GeneralDateText(Date{date.seconds - ((date.seconds % day) + day) % day});
-    const std::string& hour = s.Combo_AdvancedDate3.Value();
-    command += ' ';
-    if (hour.size() == 1 && hour[0] >= '0' && hour[0] <= '9') command += '0';
-    command += hour + ":" + s.Combo_AdvancedDate4.Value() + ":" + s.Combo_AdvancedDate5.Value();
+    command += " " + TwoDigits(s.Combo_AdvancedDate3.Value());
+    command += ":" + s.Combo_AdvancedDate4.Value() + ":" + s.Combo_AdvancedDate5.Value();
   }
   return command + ">";
 }

@@ -1,7 +1,7 @@
-// BuildNewName: the one place that says what a file is to be called.
+// New names: one file's name and the settings in, its new name out.
 //
-// Preview, sample name and run all come here, so that what a user sees before is what happens. A
-// step that fails is left out and the next one goes on; the call always returns a text.
+// The sample, the preview and the run share this code, which is what makes a preview worth
+// looking at. Nothing here fails to its caller: a name lacks what a failed step would have added.
 #pragma once
 
 #include <cstdint>
@@ -30,7 +30,9 @@ class NameBuilder {
   std::string BuildNewName(std::string_view fileName, std::int32_t counter,
                            std::string_view directory);
 
-  // `part` 1 is the name after Combo_Original, 2 the unique parameter; any other is empty.
+  // One of the two parts around the separator, NamePart or UniquePart; empty for any other.
+  static constexpr int NamePart = 1;
+  static constexpr int UniquePart = 2;
   std::string BuildUniqueParameter(int part, std::string_view baseName, std::int32_t counter);
 
  private:
@@ -67,8 +69,8 @@ class NameBuilder {
   bool regexTried_ = false;
 };
 
-// A left-padding template: if `mask` is longer than `value`, its first characters stand before
-// the value. Modes 1 and 2 only; empty for any other.
+// Fills up a value that is shorter than the mask with the mask's first characters: "0012" for
+// "0000" and "12". A longer value stays whole. Empty for a mode other than 1 and 2.
 std::string ApplyMask(std::string_view mask, int mode, std::string_view value);
 
 }  // namespace tallowbrook

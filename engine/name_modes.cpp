@@ -1,5 +1,6 @@
 // The two pages that change the name that is there: cutting characters out of it, and replacing
 // text in it.
+#include <algorithm>
 #include <charconv>
 
 #include "base/text.h"
@@ -17,6 +18,7 @@ std::optional<int> NumberOf(const List& list) {
   return result.ec == std::errc() ? std::optional(number) : std::nullopt;
 }
 
+// Appends what a step gave; a step that failed gave nothing.
 void Append(std::string& result, std::optional<std::string_view> piece) {
   if (piece) result += *piece;
 }
@@ -47,7 +49,7 @@ std::string NameBuilder::FindAndReplace(const NameParts& parts) {
   const bool inBase = settings_.Option_Search2.On();
   const bool inExtension = settings_.Option_Search3.On();
   std::string found;
-  // No search text is no wish to keep the name: what would have been searched is left out.
+  // Without a text to find, the part to be searched is left out of the name. That is wanted.
   if (!settings_.Combo_Find.Value().empty()) {
     AddToComboHistory(settings_.Combo_Find);
     if (!settings_.Combo_Replace.Value().empty()) AddToComboHistory(settings_.Combo_Replace);

@@ -165,6 +165,7 @@ void RenameSettings::FillDefaults(Date today) {
 void AddToComboHistory(History& field) {
   constexpr std::size_t searched = 21;
   const std::string text = field.Value();
+  if (text.empty()) return;
   const std::vector<std::string>& known = field.Items();
   for (std::size_t i = 0; i < known.size() && i < searched; ++i) {
     if (known[i] == text || ToLower(known[i]) == ToLower(text)) return;

@@ -1,4 +1,4 @@
-// Everything that a user can set about how a new name is made, one field per control.
+// The settings: what the five pages and the copy/move panel hold.
 //
 // This is the one table of the settings: a line gives a field's name, caption, initial value,
 // items, profile key, and what a profile without that key stands for. The names keep their
@@ -28,9 +28,9 @@ struct RenameSettings {
   // Registers the fields with `screen`; the lists are empty until FillDefaults.
   explicit RenameSettings(Screen& screen);
 
-  // Fills the item lists and sets the defaults of the fields that a reset sets. Called a second
-  // time it leaves Combo_RemoveStarting, Combo_Occurances and Combo_UpdateDateType with their
-  // items twice: the first copy keeps its indices, so that all values read the same.
+  // Fills the item lists and sets the fields that a reset sets. A second call appends to
+  // Combo_RemoveStarting, Combo_Occurances and Combo_UpdateDateType what they already hold. That
+  // is wanted: stored indices point into the first copy either way.
   void FillDefaults(Date today);
 
   List TabIndex;

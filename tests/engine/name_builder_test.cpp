@@ -63,7 +63,6 @@ TEST_F(NewNameTest, PropertiesAreComposedInOrder) {
              "name.ext",
              0,
              "Trip-0001.ext"},
-            // The custom name and extension are taken even where the boxes are off.
             {{{"Combo_Original", "1"}, {"Check_Original", "0"}}, "name.ext", 0, "-0001.ext"},
             {{{"Combo_Extension", "4"}}, "a.mp3", 0, "a-0001.Mp3"},
             {{{"Combo_Extension", "2"}}, "a.mp3", 0, "a-0001.MP3"},
@@ -93,6 +92,7 @@ TEST_F(NewNameTest, NumbersCountUpAndDownBehindTheirMask) {
              "7.x"},
             {{{"Text_UniqueStart", "1.5"}, {"Text_UniqueMask", ""}}, "n.x", 1, "n2.5.x"},
             {{{"Text_UniqueStart", "abc"}}, "n.x", 1, "n0000.x"},
+            {{{"Text_UniqueStart", ""}}, "n.x", 0, "n0000.x"},
             {{{"Text_UniqueStart", "2147483647"}, {"Text_UniqueMask", ""}},
              "n.x",
              1,
@@ -205,7 +205,7 @@ TEST_F(NewNameTest, ReplacesTextLiterally) {
             {replace("t", "T", "0", {{"Option_Search2", "True"}}), "tot", 0, "ToT."},
             {replace("t", "T", "0", {{"Option_Search3", "True"}}), "tot.txt", 0, "tot.TxT"},
             {replace("t", "T", "0", {{"Option_Search3", "True"}}), "tot", 0, "tot."},
-            // No search text is no wish to keep the name.
+            // Without a text to find, the searched part is left out.
             {replace("", "x"), "a.txt", 0, ""},
             {replace("", "x", "0", {{"Option_Search2", "True"}}), "a.txt", 0, ".txt"},
             {replace("", "x", "0", {{"Option_Search3", "True"}}), "a.txt", 0, "a."},
@@ -247,16 +247,45 @@ TEST_F(NewNameTest, APatternThatDoublesTheNameEndsAtABound) {
 }
 
 TEST_F(NewNameTest, TheAdvancedPageComposesDateCommands) {
-  Set("TabIndex", "3");
   Set("Option_ChangeFileDate", "True");
-  Set("Combo_UpdateDateType", "1");
-  Set("Combo_AdvancedDate3", "7");
-  EXPECT_EQ(Build("a.txt"), "<DateModified,9/11/2005 07:01:01>");
-  Set("Combo_AdvancedDate4", "00");
-  Set("Combo_UpdateDateType", "2");
-  EXPECT_EQ(Build("a.txt"), "<DateAccessed,9/11/2005 07:00:01>");
+  Set("DTPicker_AdvancedDate", "9/11/2005 5:05 PM");  // the date alone counts
+  Check({{"TabIndex", "3"}},
+        {
+            {{{"Combo_UpdateDateType", "1"}, {"Combo_AdvancedDate3", "7"}},
+             "a.txt",
+             0,
+             "<DateModified,9/11/2005 07:01:01>"},
+            {{{"Combo_UpdateDateType", "2"}, {"Combo_AdvancedDate4", "00"}},
+             "a.txt",
+             0,
+             "<DateAccessed,9/11/2005 00:00:01>"},
+            {{{"Combo_AdvancedDate3", " 007 "}}, "a.txt", 0, "<DateCreated,9/11/2005 07:01:01>"},
+            {{{"Combo_AdvancedDate3", "12"}}, "a.txt", 0, "<DateCreated,9/11/2005 12:01:01>"},
+            {{{"Combo_AdvancedDate3", "x"}}, "a.txt", 0, "<DateCreated,9/11/2005 x:01:01>"},
+            // The second copy of the items is no type.
+            {{{"Combo_UpdateDateType", "3"}}, "a.txt", 0, "9/11/2005 00:01:01>"},
+        });
+  Set("DTPicker_AdvancedDate", "12/29/1899 6:00 PM");
+  EXPECT_EQ(Build("a.txt"), "12/29/1899 00:01:01>");
+  Set("Combo_UpdateDateType", "0");
   Set("Check_UseCurrentDateTime", "1");
-  EXPECT_EQ(Build("a.txt"), "<DateAccessed,2/29/2024 1:05:09 PM>");
+  EXPECT_EQ(Build("a.txt"), "<DateCreated,2/29/2024 1:05:09 PM>");
+  ++clock.now.seconds;
+  EXPECT_EQ(Build("a.txt"), "<DateCreated,2/29/2024 1:05:10 PM>");
+}
+
+// The name's box may be off: a custom name is used and entered all the same.
+TEST_F(NewNameTest, ACustomNameIsEnteredOnce) {
+  Set("Combo_Original", "1");
+  Set("Check_Original", "0");
+  pages.ClearFilenameHistory();  // the sample has entered what stood there
+  Set("Combo_OriginalName", "Trip");
+  EXPECT_EQ(Build("a.txt"), "-0001.txt");
+  Build("b.txt");
+  EXPECT_EQ(settings.Combo_OriginalName.Items(), std::vector<std::string>{"Trip"});
+  Set("Combo_OriginalName", "");
+  Build("a.txt");
+  EXPECT_EQ(settings.Combo_OriginalName.Items(), std::vector<std::string>{"Trip"});
 }
 
 TEST_F(NewNameTest, HistoriesKeepWhatWasUsed) {

@@ -51,6 +51,19 @@ TEST_F(PreviewTest, AnEmptyTagMaskIsAskedFor) {
   EXPECT_EQ(NewNames(), Lines{""});
 }
 
+TEST_F(PreviewTest, RefusalsShowTheirReasonAlone) {
+  List({"x.ext"});
+  Set("Check_Prefix", "1");
+  Set("Text_Prefix", "<0>");
+  preview.PreviewFiles();
+  EXPECT_EQ(NewNames(), Lines{"x-0001.ext"});
+  EXPECT_EQ(list.Row(1).colour, RowColour::Refused);
+  Set("Text_Prefix", "a<0>");
+  preview.PreviewFiles();
+  EXPECT_EQ(NewNames(), Lines{"a<0>x-0001.ext"});
+  EXPECT_EQ(list.Row(1).colour, RowColour::Plain);
+}
+
 TEST_F(PreviewTest, DateCommandsShowAsTheyAre) {
   List({"a.txt"});
   Set("TabIndex", "3");
