@@ -107,8 +107,8 @@ void Decimal::Align(Decimal& a, Decimal& b) {
 }
 
 std::optional<Decimal> Decimal::Parse(std::string_view text) {
+  if (!IsNumeric(text)) return std::nullopt;
   text = TrimBlanks(text);
-  if (text.empty() || NumberAtStart(text).size() != text.size()) return std::nullopt;
   const bool negative = text[0] == '-';
   Wide digits = 0;
   int scale = 0;
@@ -189,7 +189,8 @@ bool Decimal::operator<(const Decimal& other) const {
 }
 
 bool IsNumeric(std::string_view text) {
-  return Decimal::Parse(text).has_value();
+  text = TrimBlanks(text);
+  return !text.empty() && NumberAtStart(text).size() == text.size();
 }
 
 Decimal LeadingNumber(std::string_view text) {

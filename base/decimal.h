@@ -41,6 +41,7 @@ class Decimal {
   int scale_ = 0;
 };
 
+// Whether the text has the form of a number, however large: Parse may still give nothing.
 bool IsNumeric(std::string_view text);
 // The number at the start of a text, 0 if there is none: "12abc" is 12.
 Decimal LeadingNumber(std::string_view text);

@@ -15,8 +15,15 @@ RenameRun::RenameRun(RunWorld world, RenameSettings& settings, ListPane& pane, F
       pool_(pool) {}
 
 void RenameRun::RenameFiles(std::size_t row, const std::string& newName) {
+  if (running_ || row > list_.Count()) return;
+  running_ = true;
+  written_.clear();
+  RunRows(row, newName);
+  running_ = false;
+}
+
+void RenameRun::RunRows(std::size_t row, const std::string& newName) {
   const bool single = row != 0;
-  if (row > list_.Count()) return;
   PrepareTarget();
   const std::size_t last = single ? row : static_cast<std::size_t>(pool_.PrepareRandomPool());
   world_.log.BeginBatch(world_.clock.Now());
@@ -43,7 +50,7 @@ void RenameRun::RenameFiles(std::size_t row, const std::string& newName) {
     }
   }
   list_.TellRows(1, list_.Count());
-  // Rows of files that have moved away go.
+  // What has moved away is no row of this folder any more.
   if (settings_.Check_MoveEnable.On() && settings_.TransferMethod.Value() == 1) scan_.FilterList();
   world_.log.EndBatch();
   world_.status.Set(0, "File Renaming has completed");
@@ -85,14 +92,15 @@ RenameRun::RowResult RenameRun::Process(FileEntry& row, const std::string& direc
   return result;
 }
 
-// Copies or moves the renamed file. Whatever comes of it, the row counts as done; a file that
-// couldn't be moved stays under its new name in its folder, and the record says so.
+// Copies or moves the renamed file. The rename was the row's own work, so that a failure here
+// doesn't undo the success; the record then names the folder where the file still is.
 void RenameRun::Transfer(FileEntry& row, const std::string& directory, RowResult& result) {
   if (!settings_.Check_MoveEnable.On()) return;
   const std::string& target = settings_.Txt_MoveTo.Value();
-  if (!Found(target) || directory == target) return;
+  // A path that doesn't begin at the root would mean another folder at every start.
+  if (!target.starts_with('/') || !Found(target) || directory == target) return;
   const std::string source = directory + result.newName;
-  const FileError copied = world_.files.Copy(source, target + result.newName);
+  const FileError copied = CopyOnce(source, target + result.newName);
   if (settings_.TransferMethod.Value() != 1) return;
   if (copied != FileError::None) {
     row.newName = "could not move file";
@@ -103,13 +111,24 @@ void RenameRun::Transfer(FileEntry& row, const std::string& directory, RowResult
   result.CurrentDirectory = target;
 }
 
+// An older file of that name in the target is replaced, but never one that this run put there: two
+// rows that end as one name would leave a single file of the two.
+FileError RenameRun::CopyOnce(const std::string& source, const std::string& target) {
+  if (written_.contains(target)) return FileError::AlreadyExists;
+  const FileError error = world_.files.Copy(source, target);
+  if (error == FileError::None) written_.insert(target);
+  return error;
+}
+
 void RenameRun::FinishDone(FileEntry& row, const std::string& directory, RowResult& result) {
   row.newName = "success";
   row.colour = RowColour::Done;
   RunRecord record;
   record.kind = RunRecord::Kind::File;
   if (pane_.Option1_Folders.On()) {
-    UpdateFolderPaths(row.name, result.newName, directory);
+    // Of a date row this is the former date as the log has it: paths below such a folder are
+    // void until the next scan. It must be so.
+    UpdateFolderPaths(row.name, result.newName + (result.IsRenameRecord ? "" : "?"), directory);
     record.kind = RunRecord::Kind::Folder;
   }
   record.oldFolder = directory;
@@ -143,7 +162,7 @@ bool RenameRun::Found(const std::string& path) {
 void RenameRun::UpdateFolderPaths(const std::string& oldName, const std::string& newName,
                                   const std::string& directory) {
   if (oldName == newName) return;
-  list_.Folders().Rename(directory + oldName + "/", directory + newName + "/");
+  list_.Folders().Rename(directory + oldName + "/", newName);
 }
 
 }  // namespace tallowbrook

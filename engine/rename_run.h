@@ -1,12 +1,12 @@
-// The run: the one place that changes file names.
+// The run over the rows: rename on the disk, copy or move, outcome, record.
 //
-// It walks the rows, asks BuildNewName what each is to become, renames on the disk, copies or
-// moves if asked to, leaves the outcome in the row and one record in the log. It never stops for
-// a file and never lets pending events through.
+// Each row stands alone: whatever happens to it, the next one has its turn. While a run works,
+// no second one begins, though the listing at its end lets events through.
 #pragma once
 
 #include <string>
 #include <string_view>
+#include <unordered_set>
 
 #include "base/status_bar.h"
 #include "engine/name_builder.h"
@@ -42,7 +42,7 @@ class RenameRun {
   // `newName` as it stands, checked or not.
   void RenameFiles(std::size_t row, const std::string& newName);
 
-  // True if a file or folder is at the path.
+  // Whether anything stands there, a file or a folder.
   bool Found(const std::string& path);
 
   std::function<void()> updateMoveControls;
@@ -54,10 +54,12 @@ class RenameRun {
     std::string newName;
     std::string CurrentDirectory;
   };
+  void RunRows(std::size_t row, const std::string& newName);
   void PrepareTarget();
   bool TakesPart(const FileEntry& row, bool single) const;
   RowResult Process(FileEntry& row, const std::string& directory, std::string newName);
   void Transfer(FileEntry& row, const std::string& directory, RowResult& result);
+  FileError CopyOnce(const std::string& source, const std::string& target);
   void FinishDone(FileEntry& row, const std::string& directory, RowResult& result);
   void FinishFailed(FileEntry& row, const std::string& directory, const RowResult& result);
   // Rows below a renamed folder get its new path.
@@ -71,6 +73,10 @@ class RenameRun {
   FolderScan& scan_;
   NameBuilder& names_;
   RandomNumberPool& pool_;
+
+  bool running_ = false;
+  // What this run has copied or moved to.
+  std::unordered_set<std::string> written_;
 };
 
 }  // namespace tallowbrook

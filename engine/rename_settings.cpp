@@ -110,7 +110,7 @@ RenameSettings::RenameSettings(Screen& s)
 
       TransferMethod(s, {.name = "TransferMethod", .key = "TransferMethod=", .keyDefault = "0"}),
       Check_MoveEnable(s, {.name = "Check_MoveEnable", .caption = "Enable", .key = "Check_MoveEnable=", .keyDefault = "0"}, 0),
-      Txt_MoveTo(s, {.name = "Txt_MoveTo", .key = "Txt_MoveTo="}),
+      Txt_MoveTo(s, {.name = "Txt_MoveTo", .key = "Txt_MoveTo=", .tip = "A file of the same name in this folder is replaced"}),
       Option_Copy(s, {.name = "Option_Copy", .caption = "Copy"}, "TransferMethod"),
       Option_Move(s, {.name = "Option_Move", .caption = "Move"}, "TransferMethod") {}
 // clang-format on

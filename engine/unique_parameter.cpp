@@ -26,6 +26,15 @@ std::optional<std::int32_t> WholeNumber(std::string_view text) {
   return number ? number->ToInt32() : std::nullopt;
 }
 
+void SwapIfBackward(Text& first, Text& last) {
+  const std::optional<Decimal> low = Decimal::Parse(first.Value());
+  const std::optional<Decimal> high = Decimal::Parse(last.Value());
+  if (!low || !high || !(*high < *low)) return;
+  const std::string former = first.Value();
+  first.Set(last.Value());
+  last.Set(former);
+}
+
 }  // namespace
 
 std::optional<std::string> ToAlpha(std::string_view number) {
@@ -63,34 +72,38 @@ RandomNumberPool::RandomNumberPool(RenameSettings& settings, FileList& list, Dia
     : settings_(settings), list_(list), dialogs_(dialogs), clock_(clock), random_(random) {}
 
 std::int32_t RandomNumberPool::RandomInRange(std::int32_t high, std::int32_t low) {
-  constexpr std::int64_t secondsPerDay = 86400;
-  random_.Reseed(static_cast<double>(clock_.Now().seconds % secondsPerDay));
-  const double span = static_cast<double>(high) - low + 1;
-  return static_cast<std::int32_t>(std::floor(random_.Next() * span) + low);
+  return static_cast<std::int32_t>(Below(std::int64_t{high} - low + 1) + low);
 }
 
-// Draws without repeats go through the list of all integers from low to high, of which only the
-// entries that a draw has moved are held: a drawn entry's place is taken by the last one.
-std::optional<std::vector<std::optional<std::int32_t>>> RandomNumberPool::RandomNumbers(
-    std::int32_t high, std::int32_t low, std::int64_t count, bool unique) {
-  // One more than there are distinct values; drawing that many then fails.
-  if (count > std::int64_t{high} - low + 2 || count < 1) return {};
-  std::vector<std::optional<std::int32_t>> drawn;
+// For a size below 1, as of a backward range, it lies between the size and 0.
+std::int64_t RandomNumberPool::Below(std::int64_t size) {
+  constexpr std::int64_t secondsPerDay = 86400;
+  random_.Reseed(static_cast<double>(clock_.Now().seconds % secondsPerDay));
+  return static_cast<std::int64_t>(std::floor(random_.Next() * static_cast<double>(size)));
+}
+
+// The draws go through the list of all integers from low to high, of which only the entries that a
+// draw has moved are held: a drawn entry's place is taken by the last one.
+std::optional<RandomNumberPool::Pool> RandomNumberPool::RandomNumbers(std::int32_t high,
+                                                                      std::int32_t low,
+                                                                      std::int64_t count) {
+  std::int64_t size = std::int64_t{high} - low + 1;
+  // The bound is one above what there is; drawing that many fails at the last.
+  if (count < 1 || count > size + 1) return {};
+  Pool drawn;
   drawn.reserve(static_cast<std::size_t>(count));
   std::unordered_map<std::int64_t, std::int32_t> moved;
-  std::int64_t size = std::int64_t{high} - low + 1;
   const auto entry = [&](std::int64_t at) {
     const auto found = moved.find(at);
-    return found == moved.end() ? static_cast<std::int32_t>(low + at - 1) : found->second;
+    return found == moved.end() ? static_cast<std::int32_t>(low + at) : found->second;
   };
   while (static_cast<std::int64_t>(drawn.size()) < count) {
-    if (size < 1 || size > INT32_MAX) return {};
-    const std::int64_t at = RandomInRange(static_cast<std::int32_t>(size), 1);
+    if (size < 1) return {};
+    const std::int64_t at = Below(size);
     drawn.push_back(entry(at));
-    if (!unique) continue;
+    --size;
     moved[at] = entry(size);
     moved.erase(size);
-    --size;
   }
   return drawn;
 }
@@ -100,7 +113,7 @@ std::int32_t RandomNumberPool::PrepareRandomPool() {
   if (s.Combo_Unique.Index() == UniqueNumbers && !IsNumeric(s.Text_UniqueStart.Value())) {
     settings_.Text_UniqueStart.Set("1");
   }
-  RandomPool.assign(2, std::nullopt);
+  RandomPool = EmptyPool();
   if (s.Combo_Unique.Index() == UniqueNumbers && s.Combo_Direction.Index() == DirectionRandom &&
       s.Check_UniqueOnly.On()) {
     DrawUnique();
@@ -108,34 +121,33 @@ std::int32_t RandomNumberPool::PrepareRandomPool() {
   return static_cast<std::int32_t>(list_.Count());
 }
 
-// A text that is no number of 32 bits leaves the empty pool as it is.
+// A text that is no number, or none of 32 bits, leaves the empty pool as it is.
 void RandomNumberPool::DrawUnique() {
   Text& startText = settings_.Text_UniqueStart;
-  Text& randomTo = settings_.Txt_RandomTo;
+  Text& lastText = settings_.Txt_RandomTo;
   const auto rows = static_cast<std::int64_t>(list_.Count());
-  std::optional<std::int32_t> start = WholeNumber(startText.Value());
-  if (!start) return;
-  if (!IsNumeric(randomTo.Value())) randomTo.Set(std::to_string(*start + rows));
-  std::optional<std::int32_t> last = WholeNumber(randomTo.Value());
-  if (!last) return;
-  if (*start > *last) {
-    std::swap(start, last);
-    const std::string former = startText.Value();
-    startText.Set(randomTo.Value());
-    randomTo.Set(former);
+  if (!IsNumeric(lastText.Value())) {
+    const auto start = Decimal::Parse(startText.Value());
+    const auto end = start ? start->Plus(rows) : std::nullopt;
+    if (!end) return;
+    lastText.Set(end->ToText());
   }
+  SwapIfBackward(startText, lastText);
+  const std::optional<std::int32_t> start = WholeNumber(startText.Value());
+  std::optional<std::int32_t> last = WholeNumber(lastText.Value());
+  if (!start || !last) return;
   const auto files = static_cast<std::int64_t>(list_.CountCheckedFiles());
+  const std::int64_t needed = *start + files - 1;
   std::int64_t possible = std::int64_t{*last} - *start + 1;
-  if (files > possible && AskToWiden(possible, *start + files - 1)) {
-    randomTo.Set(std::to_string(*start + files - 1));
-    last = WholeNumber(randomTo.Value());
+  if (files > possible && AskToWiden(possible, needed)) {
+    lastText.Set(std::to_string(needed));
+    last = WholeNumber(lastText.Value());
     if (!last) return;
     possible = std::int64_t{*last} - *start + 1;
   }
-  const std::int64_t count = rows > possible ? possible : files;
-  // No numbers at all, as when no row is checked: an empty pool, which lets no row pass.
-  RandomPool = RandomNumbers(*last, *start, count, true)
-                   .value_or(std::vector<std::optional<std::int32_t>>{});
+  if (auto drawn = RandomNumbers(*last, *start, rows > possible ? possible : files)) {
+    RandomPool = std::move(*drawn);
+  }
 }
 
 bool RandomNumberPool::AskToWiden(std::int64_t possible, std::int64_t needed) {

@@ -17,14 +17,13 @@
 
 namespace tallowbrook {
 
-// Bijective base 26, "A" is 1: upper-case letters for a text of up to 16 digits, "###" for a
-// longer one or one that holds anything but digits; 0 is an empty text. An empty text is none:
-// nothing.
+// Upper-case letters of a number in bijective base 26, where "A" is 1 and "AA" 27. "###" for a
+// text of more than 16 characters or with anything but digits in it. Empty for 0; nothing for an
+// empty text, which is no number.
 std::optional<std::string> ToAlpha(std::string_view number);
-// The inverse; -1 for a text that is no letters or that is too large. "Too large" goes by the
-// character codes of the text in 12 columns, so that a text of 12 letters that begins in lower
-// case is always refused, and a text of 13 letters that compares low passes. Nothing beyond the
-// range of an exact decimal.
+// The number of letters; -1 for what is no letters or lies above the limit of 16 digits. The limit
+// is compared as text in 12 columns and not as a value: lower case sorts above it, and a longer
+// text may sort below it. Nothing beyond the range of an exact decimal.
 std::optional<Decimal> ToNumber(std::string_view letters);
 
 // The unique random numbers of one run or preview.
@@ -33,17 +32,18 @@ class RandomNumberPool {
   RandomNumberPool(RenameSettings& settings, FileList& list, Dialogs& dialogs, Clock& clock,
                    RandomSource& random);
 
-  // Entries are empty until a pool of numbers is drawn.
-  std::vector<std::optional<std::int32_t>> RandomPool;
+  using Pool = std::vector<std::optional<std::int32_t>>;
+  // Two empty entries as long as no numbers are drawn.
+  Pool RandomPool = EmptyPool();
   // The entry that belongs to the present file; raised just before each file.
   std::int32_t RandomPoolIndex = -1;
 
   // Makes the pool anew, as the settings ask for one; may ask whether to widen the range.
   // Returns the number of rows.
   std::int32_t PrepareRandomPool();
-  // Whether the numbers are used up: then a row counts as not selected. It looks at
-  // Check_UniqueOnly and the page alone; with another direction chosen the pool is the empty one
-  // of two entries and just two files pass, which is how it must be.
+  // Whether a row counts as not selected because the numbers have run out. Only the tick and the
+  // page decide: a tick left over from another direction meets the two empty entries, so that
+  // two files go through. That is wanted.
   bool UsedUp() const;
   // Uniform from low to high, both included.
   std::int32_t RandomInRange(std::int32_t high, std::int32_t low);
@@ -52,10 +52,12 @@ class RandomNumberPool {
   void DrawUnique();
   // Asks whether to raise the upper bound to `needed`.
   bool AskToWiden(std::int64_t possible, std::int64_t needed);
-  std::optional<std::vector<std::optional<std::int32_t>>> RandomNumbers(std::int32_t high,
-                                                                        std::int32_t low,
-                                                                        std::int64_t count,
-                                                                        bool unique);
+  static Pool EmptyPool() { return Pool(2); }
+  // `count` different numbers from low to high, in the order drawn; nothing if there aren't as
+  // many.
+  std::optional<Pool> RandomNumbers(std::int32_t high, std::int32_t low, std::int64_t count);
+  // Uniform from 0 to size - 1.
+  std::int64_t Below(std::int64_t size);
 
   RenameSettings& settings_;
   FileList& list_;

@@ -76,11 +76,9 @@ std::vector<FolderId> FolderTable::FindAll(std::string_view path) const {
   return found;
 }
 
-void FolderTable::Rename(std::string_view oldPath, std::string_view newPath) {
-  const std::vector<FolderId> folders = FindAll(oldPath);
-  if (folders.empty() || newPath.size() < 2) return;
-  const std::size_t parentEnd = newPath.rfind('/', newPath.size() - 2) + 1;
-  const std::string newName(newPath.substr(parentEnd, newPath.size() - 1 - parentEnd));
+void FolderTable::Rename(std::string_view path, std::string_view newName) {
+  const std::vector<FolderId> folders = FindAll(path);
+  if (folders.empty() || folders.front() == rootId) return;
   for (const FolderId id : folders) {
     auto& siblings = nodes_[nodes_[id].parent].children;
     const auto [first, last] = siblings.equal_range(nodes_[id].name);

@@ -24,9 +24,9 @@ class FolderTable {
   FolderId Intern(std::string_view path);
   // Valid until the table changes.
   const std::string& Path(FolderId id) const;
-  // Every path that begins with `oldPath` begins with `newPath` from now on. Both end in "/" and
-  // differ in their last name only.
-  void Rename(std::string_view oldPath, std::string_view newPath);
+  // The folder of this path, which ends in "/", is called `newName` from now on, whatever
+  // characters that holds: all paths below it follow.
+  void Rename(std::string_view path, std::string_view newName);
   // Forgets all folders; ids given out before are void.
   void Clear();
 

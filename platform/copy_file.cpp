@@ -1,8 +1,9 @@
 // Copying of one file as a whole or not at all.
 //
 // The bytes go into a temporary file beside the target, which takes the target's place only when
-// it is complete; a full disk or a pulled stick leaves the old target and no litter. The kernel
-// copies where it can, and holes stay holes.
+// it is complete: a full disk or a failing read leaves the old target and no litter. The kernel
+// copies where it can, and holes stay holes. When the bytes reach the medium is left to the
+// system, as for every program that copies; a power cut soon after may cost the copy.
 #include <fcntl.h>
 #include <sys/stat.h>
 
@@ -118,9 +119,12 @@ off_t NextData(CopyState& state) {
   return hole < 0 ? untilEnd : hole;
 }
 
-// All stretches of data; a hole at the end comes from setting the size. 0 or errno.
-int CopyContents(int from, int to) {
+// All stretches of data; a hole at the end comes from setting the size. A file that says it is
+// empty is read to its end nevertheless: some file systems don't know their files' sizes. 0 or
+// errno.
+int CopyContents(int from, off_t size, int to) {
   CopyState state{from, to};
+  if (size == 0) return CopyThroughMemory(state, untilEnd);
   for (;;) {
     const off_t end = NextData(state);
     if (end == 0) break;
@@ -162,12 +166,36 @@ FileError CheckTarget(const std::string& target, const struct stat& source) {
   return S_ISREG(facts.st_mode) ? FileError::None : FileError::Other;
 }
 
-FileError WriteCopy(int from, const struct stat& source, const std::string& target) {
-  const std::size_t nameStart = target.rfind('/') + 1;  // 0 without a slash
-  TemporaryFile copy(target.substr(0, nameStart) + TemporaryName());
+bool IsAsBefore(int file, const struct stat& before) {
+  struct stat now;
+  return fstat(file, &now) == 0 && now.st_size == before.st_size &&
+         now.st_mtim.tv_sec == before.st_mtim.tv_sec &&
+         now.st_mtim.tv_nsec == before.st_mtim.tv_nsec;
+}
+
+std::size_t NameStart(const std::string& path) {
+  return path.rfind('/') + 1;
+}  // 0 without a slash
+
+// Two views of one folder, as of a network mount of this very machine, give a file two identities.
+// What appears beside the source when something is made beside the target tells.
+bool IsSameByAnotherView(const std::string& source, const std::string& target,
+                         const std::string& temporaryName) {
+  if (source.substr(NameStart(source)) != target.substr(NameStart(target))) return false;
+  struct stat found;
+  return lstat((source.substr(0, NameStart(source)) + temporaryName).c_str(), &found) == 0;
+}
+
+FileError WriteCopy(int from, const struct stat& facts, const std::string& source,
+                    const std::string& target) {
+  const std::string temporaryName = TemporaryName();
+  TemporaryFile copy(target.substr(0, NameStart(target)) + temporaryName);
   if (!copy.IsOpen()) return FromErrno(errno);
-  int error = CopyContents(from, copy.Number());
-  if (error == 0) error = CopyAttributes(source, copy.Number());
+  if (IsSameByAnotherView(source, target, temporaryName)) return FileError::SameFile;
+  int error = CopyContents(from, facts.st_size, copy.Number());
+  // Somebody wrote to it meanwhile: the copy may be of neither state.
+  if (error == 0 && !IsAsBefore(from, facts)) error = EBUSY;
+  if (error == 0) error = CopyAttributes(facts, copy.Number());
   if (error == 0) error = copy.MoveTo(target);
   return FromErrno(error);
 }
@@ -182,7 +210,7 @@ FileError SystemFiles::Copy(const std::string& source, const std::string& target
   FileError error = CheckSource(from.Number(), facts);
   if (error == FileError::None) error = CheckTarget(target, facts);
   if (error != FileError::None) return error;
-  return WriteCopy(from.Number(), facts, target);
+  return WriteCopy(from.Number(), facts, source, target);
 }
 
 }  // namespace tallowbrook

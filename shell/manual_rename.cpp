@@ -8,11 +8,14 @@ ManualRename::ManualRename(std::string_view oldName, Dialogs& dialogs,
       Txt_NewFileName(screen, {.name = "Txt_NewFileName"}, oldName) {
   Txt_OldName.SetReadOnly(true);
   Cmd_Rename.rule = [this, &dialogs, rename = std::move(rename)] {
+    // A second press can arrive while the first one's work lets events through.
+    if (!Cmd_Rename.Enabled()) return;
     const std::string newName = Txt_NewFileName.Value();
     if (newName.empty()) {
       dialogs.Ask({std::string(caption), "You must specify a new filename", Buttons::Ok});
       return;
     }
+    Cmd_Rename.SetEnabled(false);
     rename(newName);
     if (close) close();
   };

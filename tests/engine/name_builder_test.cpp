@@ -114,10 +114,24 @@ TEST_F(NewNameTest, LettersRunInLowerCaseBehindTheirMask) {
             {{{"Text_UniqueStart", "a1"}}, "n.x", 1, "nXXX.x"},
             {{{"Text_UniqueStart", "a1"}}, "n.x", 2, "nXXa.x"},
         });
+  Set("Text_UniqueStart", std::string(13, 'A'));  // a number of 17 digits
+  EXPECT_EQ(Build("n.x"), "n###.x");
+  Set("Text_UniqueStart", std::string(40, 'A'));  // beyond all numbers: the part is left out
+  EXPECT_EQ(Build("n.x"), "n.x");
   dialogs.answers = {Answer::Ok};
   Set("Combo_Direction", "3");
   EXPECT_EQ(settings.Combo_Direction.Index(), DirectionIncrement);
   EXPECT_EQ(dialogs.asked.back().title, "Random is only available with numbers");
+}
+
+// Stored settings may hold a pair that the panel doesn't offer.
+TEST_F(NewNameTest, RandomLettersAndDatesGiveNoValue) {
+  settings.Combo_Unique.rule = settings.Combo_Direction.rule = nullptr;
+  Set("Combo_Direction", "3");
+  Set("Combo_Unique", "1");
+  EXPECT_EQ(Build("n.x"), "n-0###.x");
+  Set("Combo_Unique", "2");
+  EXPECT_EQ(Build("n.x"), "n-.x");
 }
 
 TEST_F(NewNameTest, DatesRunByTheirInterval) {

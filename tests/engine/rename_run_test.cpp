@@ -44,7 +44,6 @@ TEST_F(RunTest, RenamesTheCheckedRowsAndLogsThem) {
   EXPECT_EQ(Log(), (Lines{"begin", "1 ~/a.txt > ~/a-0001.txt", "1 ~/c.txt > ~/c-0002.txt", "end",
                           "close"}));
   EXPECT_EQ(status.Pane(0), "File Renaming has completed");
-  // The rows are still checked: a second run composes from the new names.
   Run();
   EXPECT_EQ(list.Row(1).name, "a-0001-0001.txt");
 }
@@ -183,6 +182,64 @@ TEST_F(RunTest, WhatCannotBeMovedStaysAndCountsAsDone) {
   EXPECT_EQ(list.Row(1).name, "a-0001-0001-0001.txt");
 }
 
+// "success" stands over the failed move in the row, and the log can't be opened either.
+TEST_F(RunTest, AFailedMoveIsASuccessInItsRow) {
+  struct NoLog : RunLog {
+    void BeginBatch(Date) override {}
+    void Record(const RunRecord&) override {}
+    void EndBatch() override {}
+    void Close() override {}
+  } none;
+  RenameRun quiet{{files, clock, status, none}, settings, pane, list, scan, names, pool};
+  folder.MakeFolder("sub");
+  folder.Write("sub/b.txt", "b");
+  scan.LastScanFolder = folder.Path() + "sub";
+  scan.ToggleSubfolderScan();
+  MoveTo(target, true);
+  files.FailAt(FileCall::Copy, 1, FileError::NoSpace);
+  quiet.RenameFiles(1, "typed");
+  EXPECT_EQ(list.Row(1).newName, "success");
+  EXPECT_TRUE(folder.Exists("sub/typed"));
+}
+
+TEST_F(RunTest, RowsThatEndAsOneNameAreAllKept) {
+  List({"a.txt", "b.txt"});
+  folder.Write("target/same.txt", "older");
+  Set("Combo_Original", "1");
+  Set("Combo_OriginalName", "same");
+  Set("Check_Unique", "0");
+  Set("Check_Seperator", "0");
+  MoveTo(target, true);
+  Run();
+  EXPECT_EQ(folder.Read("target/same.txt"), "bytes of a.txt");
+  EXPECT_EQ(folder.Read("same.txt"), "bytes of b.txt");
+  EXPECT_EQ(Log()[2], "1 ~/b.txt > ~/same.txt");
+}
+
+// The listing at the end of a move lets events through: a second press of a button, or of the
+// manual rename's, must not begin a run in there.
+TEST_F(RunTest, NoRunBeginsInsideARun) {
+  for (int i = 10; i < 30; ++i) folder.Write("f" + std::to_string(i), std::to_string(i));
+  scan.ScanFolder(folder.Path());
+  MoveTo(target, true);
+  events.yields = 0;
+  events.atYield[1] = [this] {
+    run.RenameFiles(0, {});
+    run.RenameFiles(5, "typed");
+  };
+  run.RenameFiles(5, "typed");
+  EXPECT_EQ(folder.Read("target/typed"), "14");
+  EXPECT_TRUE(folder.Exists("f15"));
+  EXPECT_EQ(Log(), (Lines{"begin", "1 ~/f14 > ~/target/typed", "end", "close"}));
+}
+
+TEST_F(RunTest, ATargetThatIsNoAbsolutePathIsNone) {
+  List({"a.txt"});
+  MoveTo("target", true);
+  Run();
+  EXPECT_TRUE(folder.Exists("a-0001.txt"));
+}
+
 // The only copy is never deleted, by whatever path the target leads back to the folder.
 TEST_F(RunTest, MovingIntoTheSameFolderByALinkKeepsTheFile) {
   folder.MakeLink("self", folder.Path());
@@ -242,6 +299,20 @@ TEST_F(RunTest, DateRowsGoToTheFileDates) {
   EXPECT_EQ(dates.asked, Lines{folder.Path() + "a.txt <DateCreated,9/11/2005 00:01:01>"});
   EXPECT_EQ(Log()[1], "1 ~/a.txt > ~/a.txt|" + dates.answer);
   EXPECT_EQ(list.Row(1).name, "a.txt");
+  // In a folders view the rows below get the former date for a folder's name.
+  folder.MakeFolder("top");
+  folder.MakeFolder("top/below");
+  Set("Option1_Folders", "True");
+  scan.LastScanFolder = folder.Path();
+  scan.ToggleSubfolderScan();
+  ASSERT_EQ(list.Row(2).name, "top");
+  list.SetAllChecks(2);
+  list.SetChecked(2, true);
+  log.lines.clear();
+  dateRun.RenameFiles(0, {});
+  EXPECT_EQ(Log()[1], "9 ~/top > ~/top|" + dates.answer);
+  EXPECT_EQ(list.Directory(3), folder.Path() + dates.answer + "?/");
+  Set("Option1_Files", "True");
   dates.answer.clear();
   log.lines.clear();
   dateRun.RenameFiles(0, {});

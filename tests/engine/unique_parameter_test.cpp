@@ -103,21 +103,23 @@ TEST_F(PoolTest, AsksBeforeTheNumbersRunOut) {
   List({"a", "b", "c"});
   const std::string question =
       "There are more files to rename than you have specified with random numbers.\r\n\r\n"
-      "Your unique random numbers are from 1 and 2 which only gives 2 possible combinations\r\n\r\n"
-      "Click 'Yes' to change the 'Random To' value to 3\r\n\r\n"
+      "Your unique random numbers are from 5 and 6 which only gives 2 possible combinations\r\n\r\n"
+      "Click 'Yes' to change the 'Random To' value to 7\r\n\r\n"
       "Click 'No' to stop renaming files once all the current unique random numbers are used";
-  Range("1", "2");
+  Range("5", "6");
   dialogs.answers = {Answer::No};
   preview.PreviewFiles();
   EXPECT_EQ(dialogs.asked.back().title, "Question");
   EXPECT_EQ(dialogs.asked.back().text, question);
-  EXPECT_EQ(settings.Txt_RandomTo.Value(), "2");
+  EXPECT_EQ(dialogs.asked.back().buttons, Buttons::YesNo);
+  EXPECT_EQ(settings.Txt_RandomTo.Value(), "6");
   EXPECT_EQ(NewNames()[2], "(Not Selected)");
   EXPECT_NE(NewNames()[1], "(Not Selected)");
 
   dialogs.answers = {Answer::Yes};
   preview.PreviewFiles();
-  EXPECT_EQ(settings.Txt_RandomTo.Value(), "3");
+  EXPECT_EQ(settings.Txt_RandomTo.Value(), "7");
+  EXPECT_EQ(Numbers(), (std::vector<std::int32_t>{5, 6, 7}));
   const std::vector<std::string> shown = NewNames();
   EXPECT_EQ(std::set<std::string>(shown.begin(), shown.end()).size(), 3U);
 }
@@ -128,9 +130,14 @@ TEST_F(PoolTest, AHugeRangeCostsOnlyItsDraws) {
   pool.PrepareRandomPool();
   ASSERT_EQ(pool.RandomPool.size(), 2U);
   EXPECT_NE(pool.RandomPool[0], pool.RandomPool[1]);
-  // More digits than a number of 32 bits: no pool is drawn.
+  Range("0", "2147483647");
+  random.values = {0.999999999999};
+  pool.PrepareRandomPool();
+  EXPECT_EQ(Numbers(), (std::vector<std::int32_t>{2147483646, 2147483647}));
+  // More digits than a number of 32 bits: the range is put in order, and no pool is drawn.
   Range("99999999999", "1");
   pool.PrepareRandomPool();
+  EXPECT_EQ(settings.Text_UniqueStart.Value(), "1");
   EXPECT_EQ(pool.RandomPool, (std::vector<std::optional<std::int32_t>>(2)));
 }
 
@@ -151,6 +158,50 @@ TEST_F(PoolTest, NoCheckedRowMeansNoNumbersAndNoNames) {
   Range("1", "9");
   preview.PreviewFiles();
   EXPECT_EQ(NewNames(), (std::vector<std::string>(2, "(Not Selected)")));
+}
+
+// A run over a single row takes no number of the pool, whatever the pool was left as.
+TEST_F(PoolTest, AManualRenameNeedsNoNumbers) {
+  List({"a", "b"});
+  run.RenameFiles(2, "typed");
+  EXPECT_EQ(list.Row(2).newName, "success");
+  list.SetAllChecks(2);
+  Range("1", "9");
+  preview.PreviewFiles();
+  run.RenameFiles(1, "typed too");
+  EXPECT_EQ(list.Row(1).newName, "success");
+}
+
+TEST_F(PoolTest, ARunDrawsAnewAndMovesOnBehindAFailure) {
+  List({"a", "b", "c"});
+  Range("4", "6");
+  Set("Text_UniqueMask", "");
+  random.values = {0.0};  // drawn: 4, 6, 5
+  folder.Write("b-6", "in the way");
+  run.RenameFiles(0, {});
+  EXPECT_EQ(folder.Names(), (std::vector<std::string>{"a-4", "b", "b-6", "c-5"}));
+  run.RenameFiles(0, {});
+  EXPECT_EQ(NewNames(), (std::vector<std::string>{"success", "error", "success"}));
+  EXPECT_TRUE(folder.Exists("c-5-5"));
+}
+
+// Only numbers have a start that must be one.
+TEST_F(PoolTest, StartsAreRepairedForNumbersAlone) {
+  Set("Check_UniqueOnly", "0");
+  Set("Combo_Direction", "0");
+  List({"a", "b", "c"});
+  Set("Text_UniqueStart", "abc");
+  preview.PreviewFiles();
+  EXPECT_EQ(NewNames()[0], "a-0001");
+  Set("Text_UniqueStart", std::string(30, '9'));
+  preview.PreviewFiles();
+  EXPECT_EQ(settings.Text_UniqueStart.Value(), std::string(30, '9'));
+  Set("Text_UniqueStart", "y");
+  Set("Combo_Unique", "1");
+  Set("Text_UniqueStart", "y");
+  Set("Text_UniqueMask", "");
+  preview.PreviewFiles();
+  EXPECT_EQ(NewNames(), (std::vector<std::string>{"a-y", "b-z", "c-aa"}));
 }
 
 TEST_F(PoolTest, RepeatsArePossibleWithoutTheTick) {

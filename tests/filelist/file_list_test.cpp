@@ -22,15 +22,15 @@ TEST(FolderTable, RenamingAFolderMovesAllPathsBelowIt) {
   const FolderId below = table.Intern("/d/a/x/y/");
   const FolderId alike = table.Intern("/d/ab/");
   const FolderId stale = table.Intern("/d/c/");
-  table.Rename("/d/a/", "/d/c/");
+  table.Rename("/d/a/", "c");
   EXPECT_EQ(table.Path(a), "/d/c/");
   EXPECT_EQ(table.Path(below), "/d/c/x/y/");
   EXPECT_EQ(table.Path(alike), "/d/ab/");
   // Both folders of that path go on together.
-  table.Rename("/d/c/", "/d/e/");
+  table.Rename("/d/c/", "e");
   EXPECT_EQ(table.Path(below), "/d/e/x/y/");
   EXPECT_EQ(table.Path(stale), "/d/e/");
-  table.Rename("/nowhere/", "/else/");
+  table.Rename("/nowhere/", "else");
   EXPECT_EQ(table.Path(a), "/d/e/");
 }
 
