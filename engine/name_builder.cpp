@@ -42,6 +42,12 @@ std::string ApplyMask(std::string_view mask, int mode, std::string_view value) {
   return result;
 }
 
+std::int32_t NextCounter(std::int32_t counter, const RenameSettings& settings) {
+  const Decimal increment = LeadingNumber(settings.Text_UniqueIncrement.Value());
+  const std::optional<Decimal> sum = increment.Plus(counter);
+  return sum ? sum->ToInt32().value_or(counter) : counter;
+}
+
 NameBuilder::NameBuilder(RenameSettings& settings, RandomNumberPool& pool, Clock& clock,
                          const DateNames& names)
     : settings_(settings), pool_(pool), clock_(clock), names_(names) {}

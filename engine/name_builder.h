@@ -73,4 +73,8 @@ class NameBuilder {
 // "0000" and "12". A longer value stays whole. Empty for a mode other than 1 and 2.
 std::string ApplyMask(std::string_view mask, int mode, std::string_view value);
 
+// The counter after a file: plus the increment's number, rounded to a whole one. A sum beyond 32
+// bits leaves the counter as it was.
+std::int32_t NextCounter(std::int32_t counter, const RenameSettings& settings);
+
 }  // namespace tallowbrook

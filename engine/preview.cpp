@@ -6,12 +6,6 @@ namespace {
 constexpr std::size_t rowsBetweenYields = 10;
 }
 
-std::int32_t NextCounter(std::int32_t counter, const RenameSettings& settings) {
-  const Decimal increment = LeadingNumber(settings.Text_UniqueIncrement.Value());
-  const std::optional<Decimal> sum = increment.Plus(counter);
-  return sum ? sum->ToInt32().value_or(counter) : counter;
-}
-
 Preview::Preview(Screen& screen, RenameSettings& settings, FileList& list, NameBuilder& names,
                  RandomNumberPool& pool, Dialogs& dialogs, PendingEvents& events, StatusBar& status)
     : screen_(screen),
@@ -27,14 +21,14 @@ void Preview::PreviewFiles() {
   if (MissesTagMask()) return;
   const auto count = static_cast<std::size_t>(pool_.PrepareRandomPool());
   pool_.RandomPoolIndex = -1;
-  std::int32_t counter = 0;
+  std::int32_t UniqueCounter = 0;
   // A yield may have shortened the list.
   for (std::size_t i = 1; i <= count && i <= list_.Count(); ++i) {
     FileEntry& row = list_.Row(i);
     if (row.Checked && !pool_.UsedUp()) {
       ++pool_.RandomPoolIndex;
-      PreviewRow(row, list_.Directory(i), counter);
-      counter = NextCounter(counter, settings_);
+      PreviewRow(row, list_.Directory(i), UniqueCounter);
+      UniqueCounter = NextCounter(UniqueCounter, settings_);
     } else {
       row.newName = "(Not Selected)";
       row.colour = RowColour::Skipped;
@@ -60,8 +54,8 @@ bool Preview::MissesTagMask() {
   return true;
 }
 
-void Preview::PreviewRow(FileEntry& row, const std::string& directory, std::int32_t counter) {
-  row.newName = names_.BuildNewName(row.name, counter, directory);
+void Preview::PreviewRow(FileEntry& row, const std::string& directory, std::int32_t UniqueCounter) {
+  row.newName = names_.BuildNewName(row.name, UniqueCounter, directory);
   row.colour = RowColour::Plain;
   if (row.newName.starts_with(FailureMarker)) {
     row.newName.erase(0, FailureMarker.size());

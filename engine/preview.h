@@ -1,6 +1,8 @@
-// What a run would do, before it does it: the sample name, and column "New File Name".
+// Column "New File Name" before a run, and the name of the sample file.
 #pragma once
 
+#include <cstdint>
+#include <functional>
 #include <string>
 
 #include "base/dialogs.h"
@@ -16,8 +18,7 @@ class Preview {
   Preview(Screen& screen, RenameSettings& settings, FileList& list, NameBuilder& names,
           RandomNumberPool& pool, Dialogs& dialogs, PendingEvents& events, StatusBar& status);
 
-  // Writes each row's new name. Lets pending events through every ten rows; a second preview, a
-  // run or a scan may begin there.
+  // Yields every ten rows; the list, the pool and the settings may be others afterwards.
   void PreviewFiles();
   // The new name of filename.abc.
   std::string BuildSampleFileName();
@@ -27,7 +28,7 @@ class Preview {
 
  private:
   bool MissesTagMask();
-  void PreviewRow(FileEntry& row, const std::string& directory, std::int32_t counter);
+  void PreviewRow(FileEntry& row, const std::string& directory, std::int32_t UniqueCounter);
 
   Screen& screen_;
   RenameSettings& settings_;
@@ -38,9 +39,5 @@ class Preview {
   PendingEvents& events_;
   StatusBar& status_;
 };
-
-// The counter after a file: plus the increment's number, rounded to a whole one. A sum beyond 32
-// bits leaves the counter as it was.
-std::int32_t NextCounter(std::int32_t counter, const RenameSettings& settings);
 
 }  // namespace tallowbrook

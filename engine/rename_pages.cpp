@@ -1,5 +1,7 @@
 #include "engine/rename_pages.h"
 
+#include <initializer_list>
+
 #include "base/letter_case.h"
 
 namespace tallowbrook {
@@ -143,6 +145,10 @@ void RenamePages::ClearFindReplaceHistory() {
 
 void RenamePages::ClearFilenameHistory() {
   settings_.Combo_OriginalName.ClearItems();
+}
+
+void RenamePages::TagMaskKeyReleased(bool isEnter) {
+  if (isEnter) preview_.PreviewFiles();
 }
 
 void RenamePages::ShowTabPage(int index) {

@@ -31,14 +31,16 @@ class RenamePages {
   ButtonPair ClearComboBoxName;
   UniquePanel unique;
 
-  // Fills the item lists and sets the defaults. Prefix, suffix, masks, search texts, options,
-  // the move target and all histories keep their values.
+  // Fills the item lists and sets the defaults. Prefix, suffix, keyword masks, search texts,
+  // options, several ticks, the date picker, the move target and all histories stay as they are.
   void ResetSettings();
   void RefreshSampleFileName();
   // Check_MoveEnable decides whether Txt_MoveTo takes typing.
   void UpdateMoveControls();
   void ClearFindReplaceHistory();
   void ClearFilenameHistory();
+  // A key released in RTxt_ID3Name: Enter previews.
+  void TagMaskKeyReleased(bool isEnter);
   // Puts the focus and the panels of a page in place; `index` as of TabIndex.
   void ShowTabPage(int index);
 

@@ -1,7 +1,5 @@
 #include "engine/rename_run.h"
 
-#include "engine/preview.h"
-
 namespace tallowbrook {
 
 RenameRun::RenameRun(RunWorld world, RenameSettings& settings, ListPane& pane, FileList& list,

@@ -1,5 +1,7 @@
 #include "engine/unique_panel.h"
 
+#include <initializer_list>
+
 #include "base/letter_case.h"
 #include "engine/unique_parameter.h"
 

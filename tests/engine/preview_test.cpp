@@ -11,7 +11,7 @@ class PreviewTest : public EngineTest {
   std::string Sample() { return pages.Label_SampleFileName.Caption(); }
 };
 
-TEST_F(PreviewTest, ShowsWhatARunWouldDoAndTouchesNothing) {
+TEST_F(PreviewTest, FillsTheColumnAndLeavesTheDiskAlone) {
   List({"a.txt", "b.txt", "c.txt"});
   list.SetChecked(1, false);
   preview.PreviewFiles();
@@ -41,27 +41,55 @@ TEST_F(PreviewTest, AnEmptyTagMaskIsAskedFor) {
   Set("TabIndex", "4");
   Control* focused = nullptr;
   screen.focusRequested = [&](Control& control) { focused = &control; };
+  list.Row(1).newName = "before";
+  status.Set(0, "before");
   dialogs.answers = {Answer::Ok};
-  preview.PreviewFiles();
+  pages.TagMaskKeyReleased(false);
+  pages.TagMaskKeyReleased(true);
   EXPECT_EQ(dialogs.asked.back().title, "Nothing to rename");
   EXPECT_EQ(dialogs.asked.back().text,
             "You haven't entered a new filename mask\r\n\r\n"
             "example: <v1artist> - <v1title> - <v1album>");
   EXPECT_EQ(focused, &settings.RTxt_ID3Name);
-  EXPECT_EQ(NewNames(), Lines{""});
+  EXPECT_EQ(NewNames(), Lines{"before"});
+  EXPECT_EQ(status.Pane(0), "before");
 }
 
+// A refused row counts like any other.
 TEST_F(PreviewTest, RefusalsShowTheirReasonAlone) {
-  List({"x.ext"});
+  List({"x.ext", "y.ext"});
   Set("Check_Prefix", "1");
   Set("Text_Prefix", "<0>");
+  EXPECT_EQ(Sample(), "<0>filename-0001.abc");
   preview.PreviewFiles();
-  EXPECT_EQ(NewNames(), Lines{"x-0001.ext"});
+  EXPECT_EQ(NewNames(), (Lines{"x-0001.ext", "y-0002.ext"}));
   EXPECT_EQ(list.Row(1).colour, RowColour::Refused);
   Set("Text_Prefix", "a<0>");
   preview.PreviewFiles();
-  EXPECT_EQ(NewNames(), Lines{"a<0>x-0001.ext"});
+  EXPECT_EQ(NewNames()[0], "a<0>x-0001.ext");
   EXPECT_EQ(list.Row(1).colour, RowColour::Plain);
+}
+
+// In the thumbnail view a row's own text is its new name, if it has one.
+TEST_F(PreviewTest, RowTextsFollowInTheThumbnailView) {
+  List({"a", "b", "c"});
+  preview.thumbnailMode = [this] { return scan.ThumbnailMode; };
+  preview.PreviewFiles();
+  EXPECT_EQ(list.Row(1).rowText, "");
+  scan.ThumbnailMode = true;
+  list.SetChecked(2, false);
+  preview.PreviewFiles();
+  EXPECT_EQ(list.Row(1).rowText, "a-0001");
+  EXPECT_EQ(list.Row(2).rowText, "");
+  Set("Text_Prefix", "<0>");
+  Set("Check_Prefix", "1");
+  preview.PreviewFiles();
+  EXPECT_EQ(list.Row(3).rowText, "c-0002");
+  Set("Check_Prefix", "0");
+  folder.Write("c-0002", "in the way");
+  run.RenameFiles(0, {});
+  EXPECT_EQ(list.Row(1).rowText, "a-0001 (success)");
+  EXPECT_EQ(list.Row(3).rowText, "(could not rename)");
 }
 
 TEST_F(PreviewTest, DateCommandsShowAsTheyAre) {
@@ -72,31 +100,57 @@ TEST_F(PreviewTest, DateCommandsShowAsTheyAre) {
   EXPECT_EQ(NewNames(), Lines{"<DateCreated,9/11/2005 00:01:01>"});
 }
 
+// Some fields refresh the sample, some don't: those follow with the next change of another one.
 TEST_F(PreviewTest, TheSampleFollowsTheFieldsThatRefreshIt) {
   EXPECT_EQ(Sample(), "filename-0001.abc");
-  const std::vector<std::pair<std::pair<std::string, std::string>, std::string>> steps = {
-      {{"Check_Prefix", "1"}, "filename-0001.abc"},
-      {{"Text_Prefix", "x"}, "xfilename-0001.abc"},
-      {{"Combo_Original", "2"}, "xFILENAME-0001.abc"},
-      {{"Check_UniqueFirst", "1"}, "x0001-FILENAME.abc"},
-      {{"Check_Seperator", "0"}, "x0001FILENAME.abc"},
-      {{"Text_UniqueStart", "7"}, "x0007FILENAME.abc"},
-      {{"Combo_Direction", "2"}, "x0007FILENAME.abc"},
-      {{"Text_UniqueMask", ""}, "x7FILENAME.abc"},
-      {{"Check_Unique", "0"}, "xFILENAME.abc"},
-      {{"Combo_Extension", "1"}, "xFILENAME.abc"},
-      {{"Text_Extension", "z"}, "xFILENAME.z"},
-      {{"Combo_Original", "1"}, "xFILENAME.z"},  // the text stays until somebody types
+  const std::vector<std::tuple<std::string, std::string, bool>> fields = {
+      {"Check_Prefix", "1", true},
+      {"Text_Prefix", "x", true},
+      {"Check_Original", "0", true},
+      {"Combo_Original", "2", true},
+      {"Check_UniqueFirst", "1", true},
+      {"Check_Seperator", "0", true},
+      {"Text_Seperator", "_", true},
+      {"Check_Unique", "0", true},
+      {"Combo_Unique", "1", true},
+      {"Text_UniqueMask", "x", true},
+      {"Text_UniqueStart", "b", true},
+      {"Txt_RandomTo", "7", true},
+      {"Combo_UniqueDateStart0", "0", true},
+      {"Combo_UniqueDateStart1", "0", true},
+      {"Combo_UniqueDateStart2", "1999", true},
+      {"Combo_UniqueDate0", "0", true},
+      {"Combo_UniqueDate1", "0", true},
+      {"Combo_UniqueDate2", "0", true},
+      {"Text_UniqueDate1", "x", true},
+      {"Text_UniqueDate2", "x", true},
+      {"Check_Suffix", "1", true},
+      {"Text_Suffix", "x", true},
+      {"Check_Extension", "0", true},
+      {"Combo_Extension", "1", true},
+      {"Text_Extension", "z", true},
+      {"RTxt_Unique_Other", "x", true},
+      {"Combo_OriginalName", "x", false},
+      {"Combo_Direction", "2", false},
+      {"Text_UniqueIncrement", "5", false},
+      {"TabIndex", "2", false},
+      {"Combo_Find", "x", false},
+      {"Check_UniqueOnly", "1", false},
   };
-  for (const auto& [field, expected] : steps) {
-    Set(field.first, field.second);
-    EXPECT_EQ(Sample(), expected) << field.first << "=" << field.second;
+  for (const auto& [name, value, refreshes] : fields) {
+    pages.Label_SampleFileName.SetCaption("stale");
+    Set(name, value);
+    EXPECT_EQ(Sample() != "stale", refreshes) << name;
   }
-  // Typing the name itself doesn't refresh.
-  Set("Combo_OriginalName", "typed");
-  EXPECT_EQ(Sample(), "xFILENAME.z");
-  Set("Check_Suffix", "1");
-  EXPECT_EQ(Sample(), "xtyped.z");
+}
+
+TEST_F(PreviewTest, TheSampleGoesByTheActivePage) {
+  Set("TabIndex", "2");
+  Set("Combo_Find", "file");
+  Set("Combo_Replace", "x");
+  Set("Text_Prefix", "p");
+  EXPECT_EQ(Sample(), "xname.abc");
+  EXPECT_EQ(settings.Combo_Find.Items(), Lines{"file"});
 }
 
 TEST_F(PreviewTest, TicksGovernTheirFields) {
