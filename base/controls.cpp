@@ -1,7 +1,8 @@
 // What controls do when they are set: compare, store, tell the screen, run the rule.
 //
-// Every kind takes its value through one Set or Select, by code and by text alike, so that a rule
-// can't be gone around. A value that is there already is no change.
+// Every kind takes its value through one Set or Select, by code and by text alike, so that its rule
+// runs whoever sets it. Only new items of a list take the selection away without one. A value that
+// is there already is no change.
 #include "base/controls.h"
 
 #include <charconv>
@@ -110,12 +111,6 @@ void TextWithItems::SetItems(std::vector<std::string> items) {
 
 void TextWithItems::AddItem(std::string_view item) {
   items_.emplace_back(item);
-  LookChanged();
-}
-
-void TextWithItems::SetItem(std::size_t index, std::string_view item) {
-  if (index >= items_.size() || items_[index] == item) return;
-  items_[index] = item;
   LookChanged();
 }
 

@@ -130,7 +130,6 @@ class TextWithItems : public Text {
   const std::vector<std::string>& Items() const { return items_; }
   void SetItems(std::vector<std::string> items);
   void AddItem(std::string_view item);
-  void SetItem(std::size_t index, std::string_view item);
   void ClearItems();
   // Takes the item's text as the value; an index beyond the list changes nothing.
   void SelectItem(std::size_t index);

@@ -122,11 +122,12 @@ void RenamePages::ResetSettings() {
   pane_.Text_StartCheck.Set("0");
   pane_.Text_Step.Set("1");
   pane_.Combo_Filter.SetItems({"*.*", "*.mp3", "*.htm*", "*.txt"});
-  settings_.FillDefaults(clock_.Now());
+  settings_.FillPositions();
   for (Tick* box : {&settings_.Check_Prefix, &settings_.Check_Suffix, &settings_.Check_Seperator,
                     &settings_.Check_Extension, &settings_.Check_Original}) {
     box->rule();
   }
+  settings_.FillDefaults(clock_.Now());
   RefreshSampleFileName();
 }
 

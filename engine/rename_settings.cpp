@@ -1,5 +1,7 @@
 #include "engine/rename_settings.h"
 
+#include <algorithm>
+
 #include "base/letter_case.h"
 
 namespace tallowbrook {
@@ -39,7 +41,7 @@ void Refill(FreeList& list, Items items) {
   list.SelectItem(0);
 }
 
-constexpr int latestFirstYears = 100;
+constexpr int yearsEachSide = 100;
 
 }  // namespace
 
@@ -72,6 +74,12 @@ RenameSettings::RenameSettings(Screen& s)
       Combo_UniqueDate0(s, {.name = "Combo_UniqueDate0", .key = "Combo_UniqueDate0=", .keyDefault = "1"}),
       Combo_UniqueDate1(s, {.name = "Combo_UniqueDate1", .key = "Combo_UniqueDate1=", .keyDefault = "5"}),
       Combo_UniqueDate2(s, {.name = "Combo_UniqueDate2", .key = "Combo_UniqueDate2=", .keyDefault = "7"}),
+      Combo_UpdateDateType(s, {.name = "Combo_UpdateDateType", .caption = "Update Date Type", .key = "Combo_UpdateDateType=", .keyDefault = "0"}),
+      DTPicker_AdvancedDate(s, {.name = "DTPicker_AdvancedDate", .caption = "With Date", .key = "DTPicker_AdvancedDate="}, *MakeDate({2005, 9, 11, 0, 0, 0})),
+      Combo_AdvancedDate3(s, {.name = "Combo_AdvancedDate3", .caption = "Time", .key = "Combo_AdvancedDate3=", .keyDefault = "0", .tip = "Hour"}),
+      Combo_AdvancedDate4(s, {.name = "Combo_AdvancedDate4", .key = "Combo_AdvancedDate4=", .keyDefault = "0", .tip = "Minute"}),
+      Combo_AdvancedDate5(s, {.name = "Combo_AdvancedDate5", .key = "Combo_AdvancedDate5=", .keyDefault = "0", .tip = "Second"}),
+      Check_UseCurrentDateTime(s, {.name = "Check_UseCurrentDateTime", .caption = "Use Current Date / Time", .key = "Check_UseCurrentDateTime=", .keyDefault = "0"}, 0),
       Text_UniqueDate1(s, {.name = "Text_UniqueDate1", .key = "Text_UniqueDate1=", .keyDefault = "-"}, "-"),
       Text_UniqueDate2(s, {.name = "Text_UniqueDate2", .key = "Text_UniqueDate2=", .keyDefault = "-"}, "-"),
       Check_Suffix(s, {.name = "Check_Suffix", .caption = "Include", .key = "Check_Suffix=", .keyDefault = "0"}, 0),
@@ -93,16 +101,6 @@ RenameSettings::RenameSettings(Screen& s)
       Option_Search2(s, {.name = "Option_Search2", .caption = "Search filename without extension", .key = "Option_Search2=", .keyDefault = "0"}, "Search"),
       Option_Search3(s, {.name = "Option_Search3", .caption = "Search extension", .key = "Option_Search3=", .keyDefault = "0"}, "Search"),
 
-      Option_ChangeFileName(s, {.name = "Option_ChangeFileName", .caption = "File Name"}, "AdvancedType"),
-      Option_ChangeFileDate(s, {.name = "Option_ChangeFileDate", .caption = "File Date/Time"}, "AdvancedType"),
-      AdvancedType(s, {.name = "AdvancedType", .key = "AdvancedType=", .keyDefault = "0"}),
-      RTxt_Unique_Other(s, {.name = "RTxt_Unique_Other", .key = "RTxt_Unique_Other="}),
-      Combo_UpdateDateType(s, {.name = "Combo_UpdateDateType", .caption = "Update Date Type", .key = "Combo_UpdateDateType=", .keyDefault = "0"}),
-      DTPicker_AdvancedDate(s, {.name = "DTPicker_AdvancedDate", .caption = "With Date", .key = "DTPicker_AdvancedDate="}, *MakeDate({2005, 9, 11, 0, 0, 0})),
-      Combo_AdvancedDate3(s, {.name = "Combo_AdvancedDate3", .caption = "Time", .key = "Combo_AdvancedDate3=", .keyDefault = "0", .tip = "Hour"}),
-      Combo_AdvancedDate4(s, {.name = "Combo_AdvancedDate4", .key = "Combo_AdvancedDate4=", .keyDefault = "0", .tip = "Minute"}),
-      Combo_AdvancedDate5(s, {.name = "Combo_AdvancedDate5", .key = "Combo_AdvancedDate5=", .keyDefault = "0", .tip = "Second"}),
-      Check_UseCurrentDateTime(s, {.name = "Check_UseCurrentDateTime", .caption = "Use Current Date / Time", .key = "Check_UseCurrentDateTime=", .keyDefault = "0"}, 0),
 
       RTxt_ID3Name(s, {.name = "RTxt_ID3Name", .key = "RTxt_ID3Name="}),
       Check_AllInfoPresent(s, {.name = "Check_AllInfoPresent", .caption = "Don't Rename a file unless all tag information used is available", .key = "Check_AllInfoPresent=", .keyDefault = "0"}, 1),
@@ -111,11 +109,15 @@ RenameSettings::RenameSettings(Screen& s)
       TransferMethod(s, {.name = "TransferMethod", .key = "TransferMethod=", .keyDefault = "0"}),
       Check_MoveEnable(s, {.name = "Check_MoveEnable", .caption = "Enable", .key = "Check_MoveEnable=", .keyDefault = "0"}, 0),
       Txt_MoveTo(s, {.name = "Txt_MoveTo", .key = "Txt_MoveTo=", .tip = "A file of the same name in this folder is replaced"}),
+      RTxt_Unique_Other(s, {.name = "RTxt_Unique_Other", .key = "RTxt_Unique_Other="}),
+      Option_ChangeFileName(s, {.name = "Option_ChangeFileName", .caption = "File Name"}, "AdvancedType"),
+      Option_ChangeFileDate(s, {.name = "Option_ChangeFileDate", .caption = "File Date/Time"}, "AdvancedType"),
+      AdvancedType(s, {.name = "AdvancedType", .key = "AdvancedType=", .keyDefault = "0"}),
       Option_Copy(s, {.name = "Option_Copy", .caption = "Copy"}, "TransferMethod"),
       Option_Move(s, {.name = "Option_Move", .caption = "Move"}, "TransferMethod") {}
 // clang-format on
 
-void RenameSettings::FillDefaults(Date today) {
+void RenameSettings::FillPositions() {
   Refill(Combo_RemoveChars, Numbers(0, 30), 0);
   Combo_Occurances.AddItem("All");
   for (const std::string& number : Numbers(1, 30)) {
@@ -125,7 +127,9 @@ void RenameSettings::FillDefaults(Date today) {
   Combo_RemoveStarting.Select(0);
   Combo_Occurances.Select(0);
   TabIndex.Select(PageProperties);
+}
 
+void RenameSettings::FillDefaults(Date today) {
   Refill(Combo_Original, NameForms("Filename"), 0);
   Refill(Combo_Extension, NameForms("Extension"), 0);
   Refill(Combo_Unique, {"Numbers", "Letters", "Dates"}, 0);
@@ -151,9 +155,8 @@ void RenameSettings::FillDefaults(Date today) {
   const DateFields day = FieldsOf(today);
   Refill(Combo_UniqueDateStart0, Numbers(1, 12), day.month - 1);
   Refill(Combo_UniqueDateStart1, Numbers(1, 31), day.day - 1);
-  Combo_UniqueDateStart2.SetItems(
-      Numbers(day.year + latestFirstYears, day.year - latestFirstYears));
-  Combo_UniqueDateStart2.SelectItem(latestFirstYears);
+  Combo_UniqueDateStart2.SetItems(Numbers(day.year + yearsEachSide, day.year - yearsEachSide));
+  Combo_UniqueDateStart2.SelectItem(yearsEachSide);
   Refill(Combo_UniqueDate0, DateParts(), 1);
   Refill(Combo_UniqueDate1, DateParts(), 5);
   Refill(Combo_UniqueDate2, DateParts(), 7);
@@ -167,9 +170,12 @@ void AddToComboHistory(History& field) {
   const std::string text = field.Value();
   if (text.empty()) return;
   const std::vector<std::string>& known = field.Items();
-  for (std::size_t i = 0; i < known.size() && i < searched; ++i) {
-    if (known[i] == text || ToLower(known[i]) == ToLower(text)) return;
-  }
+  const auto end = known.begin() + static_cast<std::ptrdiff_t>(std::min(searched, known.size()));
+  // Every row of a run comes here, mostly with a text that stands in the list as it is.
+  if (std::find(known.begin(), end, text) != end) return;
+  const std::string lower = ToLower(text);
+  const auto isKnown = [&](const std::string& item) { return ToLower(item) == lower; };
+  if (std::any_of(known.begin(), end, isKnown)) return;
   std::vector<std::string> items = known;
   items.insert(items.begin(), text);
   field.SetItems(std::move(items));

@@ -1,9 +1,10 @@
 // The settings: what the five pages and the copy/move panel hold.
 //
-// This is the one table of the settings: a line gives a field's name, caption, initial value,
-// items, profile key, and what a profile without that key stands for. The names keep their
-// spelling, since most are keys of stored profiles. The engine reads this record and nothing of
-// the window; the rules that keep it consistent are in rename_pages.h.
+// rename_settings.cpp has the one table of them: a line gives a field's name, caption, initial
+// value, profile key, and what a profile without that key stands for (nothing, for the picker, is
+// the present date). The order is that of a profile's lines. The names keep their spelling, since
+// most are keys of stored profiles. The engine reads this record and nothing of the window; the
+// rules that keep it consistent are in rename_pages.h.
 #pragma once
 
 #include <string>
@@ -28,9 +29,11 @@ struct RenameSettings {
   // Registers the fields with `screen`; the lists are empty until FillDefaults.
   explicit RenameSettings(Screen& screen);
 
-  // Fills the item lists and sets the fields that a reset sets. A second call appends to
-  // Combo_RemoveStarting, Combo_Occurances and Combo_UpdateDateType what they already hold. That
-  // is wanted: stored indices point into the first copy either way.
+  // The first step of a reset: the lists of positions and counts, and the first page.
+  void FillPositions();
+  // Fills the other item lists and sets the fields that a reset sets. A second call appends to
+  // Combo_UpdateDateType, as FillPositions does to Combo_RemoveStarting and Combo_Occurances, what
+  // they already hold. That is wanted: stored indices point into the first copy either way.
   void FillDefaults(Date today);
 
   List TabIndex;
@@ -49,19 +52,27 @@ struct RenameSettings {
   List Combo_Direction;
   Text Text_UniqueMask;
   Text Text_UniqueStart;
-  // Has no key: it keeps its value when a profile is loaded.
+  // Has no key: no profile changes it.
   Text Text_UniqueIncrement;
   Text Txt_RandomTo;
   Tick Check_UniqueOnly;
   List Combo_DateInterval;
-  // Month, day, and the year, which alone is free text over its items. A profile holds all
-  // three as list indices.
+  // Month, day and year; a year can be typed too.
   List Combo_UniqueDateStart0;
   List Combo_UniqueDateStart1;
   FreeList Combo_UniqueDateStart2;
   List Combo_UniqueDate0;
   List Combo_UniqueDate1;
   List Combo_UniqueDate2;
+  // Page "Advanced": the new date. The times are hour, minute and second. They are numbered 3 to
+  // 5, and minutes and seconds begin at "01" and end at "60". Both are wanted; "00" is typed.
+  List Combo_UpdateDateType;
+  DateField DTPicker_AdvancedDate;
+  FreeList Combo_AdvancedDate3;
+  FreeList Combo_AdvancedDate4;
+  FreeList Combo_AdvancedDate5;
+  Tick Check_UseCurrentDateTime;
+  // The texts between the parts of a running date.
   Text Text_UniqueDate1;
   Text Text_UniqueDate2;
   Tick Check_Suffix;
@@ -85,21 +96,6 @@ struct RenameSettings {
   Option Option_Search2;
   Option Option_Search3;
 
-  // Page "Advanced"
-  Option Option_ChangeFileName;
-  Option Option_ChangeFileDate;
-  // 1 while Option_ChangeFileDate is chosen: what a profile stores of the two options.
-  Number AdvancedType;
-  Text RTxt_Unique_Other;
-  List Combo_UpdateDateType;
-  DateField DTPicker_AdvancedDate;
-  // Hour, minute, second: numbered 3 to 5, and the minutes and seconds run from "01" to "60".
-  // Both are as wanted; "00" can be typed.
-  FreeList Combo_AdvancedDate3;
-  FreeList Combo_AdvancedDate4;
-  FreeList Combo_AdvancedDate5;
-  Tick Check_UseCurrentDateTime;
-
   // Page "ID3v1 / ID3v2"
   Text RTxt_ID3Name;
   Tick Check_AllInfoPresent;
@@ -109,12 +105,19 @@ struct RenameSettings {
   Number TransferMethod;  // 0 copies, 1 moves
   Tick Check_MoveEnable;
   Text Txt_MoveTo;
+  // Page "Advanced": the mask
+  Text RTxt_Unique_Other;
+  Option Option_ChangeFileName;
+  Option Option_ChangeFileDate;
+  // 1 while Option_ChangeFileDate is chosen: what a profile stores of the two options.
+  Number AdvancedType;
+  // Copy/move panel
   Option Option_Copy;
   Option Option_Move;
 };
 
-// Enters the field's text into its history: the newest text stands first. A text among the
-// first 21 items, case ignored, changes nothing; one that has fallen below them is entered again.
+// Puts the field's text at the top of its history, unless it is empty or stands, in whatever case,
+// among the first 21 items; what stands further down is not looked at.
 void AddToComboHistory(History& field);
 
 }  // namespace tallowbrook

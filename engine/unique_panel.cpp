@@ -73,7 +73,7 @@ void UniquePanel::DirectionClicked() {
   s.Text_UniqueIncrement.SetVisible(!random && direction != DirectionKeep);
   s.Txt_RandomTo.SetVisible(random);
   Lbl_RandomTo.SetVisible(random);
-  // Without a step nothing is said of the tick: it stays as it was.
+  // "Don't Change" leaves the tick shown or hidden as it is.
   if (direction == DirectionKeep) {
     s.Combo_DateInterval.SetVisible(false);
     return;

@@ -131,13 +131,15 @@ void FolderScan::ScanFolder(const std::string& path) {
 
 void FolderScan::ListFolderEntries(const std::string& path) {
   const std::string folder = WithSlash(path);
-  ListOpened(folder, world_.files.ListFolder(folder).get());
+  // A relative path would mean another folder at every start of the program.
+  ListOpened(folder, folder.starts_with('/') ? world_.files.ListFolder(folder).get() : nullptr);
 }
 
 // `listing` is null if the folder couldn't be opened.
 void FolderScan::ListOpened(const std::string& folder, const FolderListing* listing) {
   if (pane_.Option1_Files.On()) {
-    if (!listing) {
+    // No name holds a "/": such a pattern can't be looked for.
+    if (!listing || pane_.Combo_Filter.Value().find('/') != std::string::npos) {
       world_.status.Set(0, "Could not load directory");
       return;
     }
@@ -331,17 +333,23 @@ void FolderScan::AddDropped(const std::vector<std::string>& paths) {
 }
 
 bool FolderScan::IsDirectory(std::string& path) {
-  for (const std::string& candidate : {path, std::string(TrimBlanks(path))}) {
-    const std::optional<FileFacts> facts = world_.files.Facts(candidate);
-    if (!facts || facts->kind != EntryKind::Folder) continue;
-    path = WithSlash(candidate);
-    return true;
+  std::optional<FileFacts> facts = world_.files.Facts(path);
+  std::string_view folder = path;
+  if (!facts && TrimBlanks(path) != path) {
+    folder = TrimBlanks(path);
+    facts = world_.files.Facts(std::string(folder));
   }
-  return false;
+  if (!facts || facts->kind != EntryKind::Folder) return false;
+  path = WithSlash(folder);
+  return true;
 }
 
 bool FolderScan::SelectFolder(std::string path) {
-  if (!TrimBlanks(path).starts_with('/') || !IsDirectory(path)) return false;
+  if (ScanInProgress) AbortRequested = true;
+  if (!TrimBlanks(path).starts_with('/') || !IsDirectory(path)) {
+    world_.status.Set(0, "Could not load directory");
+    return false;
+  }
   const std::string folder = WithoutSlash(path);
   pane_.FolderTreeview1.Set(folder);
   ScanFolder(folder);
@@ -356,7 +364,7 @@ void FolderScan::AddressEnter() {
   AddressKey();
   std::string path = pane_.Txt_Address.Value();
   if (path == "~" || path.starts_with("~/")) path = JoinPath(world_.home, path.substr(1));
-  if (!SelectFolder(path)) world_.status.Set(0, "Could not load directory");
+  SelectFolder(path);
 }
 
 void FolderScan::CompleteFolder() {
@@ -366,7 +374,7 @@ void FolderScan::CompleteFolder() {
   if (slash == std::string::npos) return;
   if (slash + 1 == text.size()) {
     SelectFolder(text);
-    Dir3_.SetPath(world_.files, text);
+    if (text.starts_with('/')) Dir3_.SetPath(world_.files, text);
     return;
   }
   const std::string tail = text.substr(slash + 1);
@@ -392,8 +400,10 @@ void FolderScan::ShowFolders() {
   list_.SetCaption(Column::FileName, folderNameCaption);
   list_.SetCaption(Column::NewFileName, "New Folder Name");
   if (viewChanged) viewChanged(true);
-  ThumbnailMode = false;
-  pane_.Check_Thumbnails.Set(0);
+  if (pane_.Check_Thumbnails.On()) {
+    pane_.Check_Thumbnails.Set(0);
+    ThumbnailMode = false;
+  }
   ScanFolder(pane_.Txt_Address.Value());
 }
 

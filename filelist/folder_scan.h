@@ -72,14 +72,14 @@ class FolderScan {
   void ApplyCheckPattern();
   // Files and folders dropped on the list: added to what is there.
   void AddDropped(const std::vector<std::string>& paths);
-  // True for an existing folder; its path then gets a "/" at its end. Outer blanks of a path
-  // are taken away if no folder bears them.
+  // True for an existing folder; its path then gets a "/" at its end. Outer blanks of a path at
+  // which nothing stands don't count.
   bool IsDirectory(std::string& path);
   // General date text of the file's date by DateColumnMode; empty if the file is gone.
   std::string GetListDate(const std::string& path);
 
-  // Selects a folder as a click in the tree does. False, and all as it was, for what is no folder
-  // or doesn't begin at the root.
+  // Selects a folder as a click in the tree does, or stops a running fill instead. What is no
+  // folder, or doesn't begin at the root, gives a message and false.
   bool SelectFolder(std::string path);
 
   // The window's keys. AddressKey is any key but Enter in Txt_Address.

@@ -9,17 +9,10 @@ namespace tallowbrook {
 namespace {
 
 constexpr std::size_t maxNameBytes = 255;
-constexpr std::string_view anyName = "*.*";
 
 bool IsRefusedInNames(char c) {
   const auto byte = static_cast<unsigned char>(c);
   return byte < 0x20 || byte == 0x7F || c == '/' || c == '?';
-}
-
-// "*.*" was the filter for everything when each name had a dot; it still is one without.
-std::string_view WithoutAnyExtension(std::string_view pattern) {
-  if (pattern.ends_with(anyName)) pattern.remove_suffix(2);
-  return pattern;
 }
 
 // A text that is read character by character and can be read again from a place before.
@@ -28,6 +21,8 @@ class Reader {
   explicit Reader(std::string_view text) : rest_(text) {}
   bool AtEnd() const { return rest_.empty(); }
   char First() const { return rest_.empty() ? '\0' : rest_[0]; }
+  // A name that has no extension is one whose extension is empty: "*.*" and "a.*" match it.
+  bool MatchesTheEnd() const { return rest_.find_first_not_of(".*") == std::string_view::npos; }
   char32_t Take() {
     const Character character = FirstCharacter(rest_);
     rest_.remove_prefix(character.length);
@@ -59,7 +54,7 @@ bool MatchesWildcards(Reader name, Reader pattern) {
       nameAtStar = name;
       behindStar = pattern;
     } else if (name.AtEnd()) {
-      return pattern.AtEnd();
+      return pattern.MatchesTheEnd();
     } else if (!TakePair(name, pattern)) {
       if (!starSeen) return false;
       nameAtStar.Take();
@@ -82,8 +77,8 @@ bool IsHiddenName(std::string_view name) {
 }
 
 bool MatchesPattern(std::string_view name, std::string_view pattern) {
-  pattern = WithoutAnyExtension(pattern);
-  if (pattern == "*") return true;
+  // A dot at the very end asks for a name without extension.
+  if (pattern.ends_with('.') && !name.ends_with('.') && name.find('.') != name.npos) return false;
   return MatchesWildcards(Reader(name), Reader(pattern));
 }
 

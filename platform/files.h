@@ -91,8 +91,8 @@ bool IsValidName(std::string_view name);
 bool IsHiddenName(std::string_view name);
 
 // Wildcards of a file name filter: "*" any run of characters, "?" one character, case ignored
-// beyond ASCII too. "*.*" and "*" match every name, also one without a dot; so does a pattern of
-// which "*.*" is the end: "a*.*" matches a name that begins with a.
+// beyond ASCII too. A name without a dot has an empty extension: "*.*" matches every name,
+// "readme.*" matches "readme", and "*." only names without a dot.
 bool MatchesPattern(std::string_view name, std::string_view pattern);
 
 // The path of `name` in `folder`, with one "/" between.

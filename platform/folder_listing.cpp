@@ -21,8 +21,8 @@ struct CloseStream {
 using FolderStream = std::unique_ptr<DIR, CloseStream>;
 
 struct Entry {
-  std::size_t start;  // in the arena
-  std::uint8_t length;
+  std::size_t start;     // in the arena
+  std::uint32_t length;  // some file systems hold names of more than 255 bytes
   EntryKind kind;
 };
 
@@ -98,7 +98,7 @@ int SystemListing::Read() {
 void SystemListing::Add(const dirent& entry) {
   const std::string_view name = entry.d_name;
   const EntryKind kind = KindOf(dirfd(stream_.get()), entry);
-  entries_.push_back({arena_.size(), static_cast<std::uint8_t>(name.size()), kind});
+  entries_.push_back({arena_.size(), static_cast<std::uint32_t>(name.size()), kind});
   arena_.append(name) += '\0';
 }
 

@@ -18,7 +18,7 @@ EntryKind KindOfMode(mode_t mode) {
 
 std::optional<FileFacts> StatFacts(int folder, const char* path) {
   struct statx found;
-  if (statx(folder, path, AT_STATX_DONT_SYNC, wantedFacts, &found) != 0) return std::nullopt;
+  if (statx(folder, path, 0, wantedFacts, &found) != 0) return std::nullopt;
   FileFacts facts;
   facts.kind = KindOfMode(found.stx_mode);
   facts.size = static_cast<std::int64_t>(found.stx_size);

@@ -82,6 +82,10 @@ TEST_F(FileListTest, ThePatternReachesEveryRowThatHasChanged) {
   Add("n");
   list.ApplyPattern(1, 2);
   EXPECT_EQ(Checks(), "x.x.x.x");
+  list.SortByColumn(Column::FileName);
+  list.SetChecked(7, false);
+  list.ApplyPattern(1, 2);
+  EXPECT_EQ(Checks(), "x.x.x.x");
   list.SetAllChecks(2);
   EXPECT_EQ(list.CountCheckedFiles(), 0U);
   list.SetAllChecks(1);
@@ -89,9 +93,10 @@ TEST_F(FileListTest, ThePatternReachesEveryRowThatHasChanged) {
 }
 
 TEST_F(FileListTest, SortsByHiddenKeysAndFlipsWithEveryClick) {
-  Add("b", 9'000'000'000'000, 30);
-  Add("C", 10'000'000'000, 20);
-  Add("a", 5, 40);
+  const auto day = [](int year, int month) { return MakeDate({year, month, 3, 0, 0, 0})->seconds; };
+  Add("b", 9'000'000'000'000, day(2005, 9));
+  Add("C", 10'000'000'000, day(2004, 10));
+  Add("a", 5, day(2006, 2));
   list.SortByColumn(Column::FileName);
   EXPECT_EQ(Names(), "Cba");  // the first click turns the order downwards
   list.SortByColumn(Column::FileName);

@@ -120,6 +120,10 @@ TEST_F(ScanTest, TheFilterChoosesFilesButNotFolders) {
   EXPECT_EQ(Names().size(), 4U);
   EXPECT_EQ(pane.Combo_Filter.Value(), "*.*");
   Set("Combo_Filter", "*.mp3");
+  Set("Combo_Filter", "sub/*");
+  scan.FilterList();
+  EXPECT_EQ(status.Pane(0), "Could not load directory");
+  Set("Combo_Filter", "*.mp3");
   SetFolders();
   EXPECT_EQ(Names(), Lines{"sub"});
   EXPECT_EQ(list.Caption(Column::NewFileName), "New Folder Name");
@@ -166,6 +170,57 @@ TEST_F(ScanTest, AFolderViewThatCannotBeReadStopsAtItsFirstRow) {
   EXPECT_EQ(status.Pane(0), "Scan Aborted...");
 }
 
+// During a fill the list is out of sight and unsorted; behind it the chosen sort is back.
+TEST_F(ScanTest, AFillHidesTheListShowsProgressAndSortsOnce) {
+  Fill(12);
+  scan.ScanFolder(folder.Path());
+  list.SortByColumn(Column::FileName);
+  events.yields = 0;
+  events.atYield[1] = [this] {
+    EXPECT_FALSE(list.Visible());
+    EXPECT_TRUE(pane.Frame_Progress.Visible());
+    EXPECT_EQ(pane.ProgressValue, 10U);
+    EXPECT_EQ(pane.ProgressMaximum, 12U);
+    EXPECT_EQ(pane.ProgressBar.Caption(), "83");
+    EXPECT_EQ(Names().front(), "f100");
+  };
+  scan.ScanFolder(folder.Path());
+  EXPECT_EQ(Names().front(), "f111");
+  folder.MakeFolder("empty");
+  scan.ThumbnailMode = true;
+  scan.ScanFolder(folder.Path() + "empty");
+  EXPECT_EQ(pane.ProgressMaximum, 0U);
+  EXPECT_EQ(status.Pane(0), "Scan Complete, 0 file(s) found of which 0 contained a thumbnail.");
+  EXPECT_EQ(status.Pane(1), "Files in list: 0");
+}
+
+TEST_F(ScanTest, TheCheckBoxesFollowTheirFieldsAndButtons) {
+  Fill(5);
+  scan.ScanFolder(folder.Path());
+  const auto marks = [this] {
+    std::string text;
+    for (std::size_t i = 1; i <= list.Count(); ++i) text += list.Row(i).Checked ? 'x' : '.';
+    return text;
+  };
+  const std::vector<std::tuple<std::string, std::string, std::string>> fields = {
+      {"Text_Step", "2", "x.x.x"}, {"Text_StartCheck", "2", ".x.x."},
+      {"Text_Step", "", "....."},  {"Text_StartCheck", "", "....."},
+      {"Text_Step", "1", "xxxxx"}, {"Text_StartCheck", "99999999999999999999", "....."},
+  };
+  for (const auto& [name, value, expected] : fields) {
+    Set(name, value);
+    EXPECT_EQ(marks(), expected) << name << "=" << value;
+  }
+  for (const auto& [name, expected] :
+       std::vector<std::pair<std::string, std::string>>{{"PushButton_SelectAll", "xxxxx"},
+                                                        {"Cmd_SelectNone", "....."},
+                                                        {"PushButton_SelectInverse", "xxxxx"},
+                                                        {"Cmd_Invert", "....."}}) {
+    screen.Find(name)->rule();
+    EXPECT_EQ(marks(), expected) << name;
+  }
+}
+
 TEST_F(ScanTest, StopsBetweenFiles) {
   Fill(35);
   struct Case {
@@ -176,6 +231,8 @@ TEST_F(ScanTest, StopsBetweenFiles) {
            {"button", [this] { pane.PushButton_AbortScan.Press(); }},
            {"a key in the address", [this] { scan.AddressKey(); }},
            {"another folder", [this] { scan.SelectFolder("/"); }},
+           {"a folder that is none", [this] { scan.SelectFolder("/nowhere"); }},
+           {"Enter in the address", [this] { scan.AddressEnter(); }},
        }) {
     events.yields = 0;
     events.atYield = {{2, row.stop}};
@@ -183,6 +240,7 @@ TEST_F(ScanTest, StopsBetweenFiles) {
     EXPECT_EQ(list.Count(), 20U) << row.how;
     EXPECT_EQ(status.Pane(0), "Scan Aborted...") << row.how;
     EXPECT_FALSE(scan.AbortRequested) << row.how;
+    EXPECT_FALSE(list.Row(1).Checked) << row.how;  // the pattern waits for a whole listing
     EXPECT_TRUE(list.Visible()) << row.how;
     EXPECT_EQ(scan.LastScanFolder, folder.Path()) << row.how;
   }
@@ -233,6 +291,10 @@ TEST_F(TreeTest, WalksALevelBeforeWhatLiesBelowIt) {
   // The filter repeats the kind of scan and adds to what is there.
   scan.FilterList();
   EXPECT_EQ(list.Count(), 10U);
+  // A plain scan in between makes it a plain one again.
+  scan.ScanFolder(folder.Path());
+  scan.FilterList();
+  EXPECT_EQ(list.Count(), 1U);
 }
 
 TEST_F(TreeTest, LongPathsShowTheirLast70Characters) {
@@ -274,12 +336,28 @@ TEST_F(TreeTest, AnUnreadableFolderEndsItsLevelOnly) {
   files.FailPath(FileCall::List, folder.Path() + "a/deep/", FileError::NotPermitted);
   scan.ToggleSubfolderScan();
   EXPECT_EQ(Paths(), (Lines{"~/top", "~/a/f", "~/b/f", "~/b/deep/f"}));
+  // Neither its neighbours nor what lies below them are listed.
+  files.FailPath(FileCall::List, folder.Path() + "a/", FileError::NotPermitted);
+  scan.ToggleSubfolderScan();
+  EXPECT_EQ(Paths(), Lines{"~/top"});
+}
+
+TEST_F(TreeTest, StopsOnTheWayDownToo) {
+  for (int i = 0; i < 15; ++i) folder.Write("a/deep/g" + std::to_string(i), "");
+  events.yields = 0;
+  events.atYield[1] = [this] {
+    scan.ToggleSubfolderScan();
+    EXPECT_EQ(status.Pane(0), "Scan aborted by User");
+  };
+  scan.ToggleSubfolderScan();
+  EXPECT_EQ(list.Count(), 3U + 16);
 }
 
 TEST_F(TreeTest, FoldersAndTheirLinksAreRowsOfAFoldersView) {
   SetFolders();
   scan.ToggleSubfolderScan();
   EXPECT_EQ(Paths(), (Lines{"~/a", "~/b", "~/a/deep", "~/a/loop", "~/b/deep"}));
+  EXPECT_EQ(events.yields, 0);
 }
 
 // A subfolder scan may be started in the middle of a fill; the fill then goes on behind it.
@@ -318,8 +396,16 @@ TEST_F(TreeTest, AddressAndCompletionSelectFolders) {
     EXPECT_EQ(status.Pane(0), "Could not load directory") << text;
     EXPECT_EQ(Paths(), Lines{"~/a/f"}) << text;
   }
+  Set("Txt_Address", "~");
+  scan.AddressEnter();
+  EXPECT_EQ(status.Pane(0), "Could not load directory");  // the fixture's home isn't there
+  // A blank at a file's end doesn't turn it into the folder of that name.
+  folder.Write("b ", "");
+  scan.AddDropped({folder.Path() + "b "});
+  EXPECT_EQ(Paths().back(), "~/b ");
   folder.MakeFolder("Aside");
   Set("Combo1", folder.Path());
+  EXPECT_TRUE(pane.Combo1.Items().empty());
   EXPECT_EQ(pane.FolderTreeview1.Value() + "/", folder.Path());
   Set("Combo1", folder.Path() + "A");
   EXPECT_EQ(pane.Combo1.Items(), (Lines{folder.Path() + "a", folder.Path() + "Aside"}));
