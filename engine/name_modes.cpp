@@ -25,8 +25,8 @@ void Append(std::string& result, std::optional<std::string_view> piece) {
 
 }  // namespace
 
-// Two pieces of the base name stay, each a step of its own: one whose length comes out negative
-// is left out and the other one stays.
+// What stays is a left and a right piece of the base name. A negative length is a failed step: that
+// piece is missing then, whatever becomes of the other one.
 std::string NameBuilder::RemoveCharacters(const NameParts& parts) const {
   const std::ptrdiff_t start = NumberOf(settings_.Combo_RemoveStarting).value_or(1);
   const std::ptrdiff_t count = NumberOf(settings_.Combo_RemoveChars).value_or(0);
@@ -72,8 +72,8 @@ std::string NameBuilder::ReplaceInText(std::string text) {
                      !settings_.Check_CaseSensitive.On());
 }
 
-// A limited number of replacements begins each time at the head of what the last one gave, so
-// that a replacement which matches again is replaced again.
+// With a limit, each pass searches the whole outcome of the pass before it: what was put in can
+// match once more.
 std::string NameBuilder::ReplaceByPattern(std::string text) {
   const std::string& pattern = settings_.Combo_Find.Value();
   const bool ignoreCase = !settings_.Check_CaseSensitive.On();

@@ -209,6 +209,9 @@ TEST_F(NewNameTest, ReplacesTextLiterally) {
   Check({{"TabIndex", "2"}, {"Option_Search1", "True"}},
         {
             {replace("a", "o", "2"), "banana", 0, "bonona"},
+            // The items of a second reset: another "All" is no number, the "1" behind it is one.
+            {replace("a", "o", "31"), "banana", 0, "banana"},
+            {replace("a", "o", "32"), "banana", 0, "bonana"},
             {replace("a", "aa", "2"), "banana", 0, "baanaana"},
             {replace("ABC", "Q"), "xabcx", 0, "xQx"},
             {replace("ABC", "Q", "0", {{"Check_CaseSensitive", "1"}}), "xabcx", 0, "xabcx"},
@@ -243,7 +246,6 @@ TEST_F(NewNameTest, ReplacesByRegularExpression) {
             {replace("(", "x"), "a(b.txt", 0, "a(b.txt"},
             {replace("(", "x", "3", {{"Option_Search2", "True"}}), "a(b.txt", 0, "a(b.txt"},
             {replace("(a+)+$", "x"), std::string(250, 'a') + "!", 0, std::string(250, 'a') + "!"},
-            {replace("a", "aa$&$&$&$&$&$&$&$&", "30"), "b", 0, "b"},
             {replace("b", "-"),
              "a\xff"
              "b",
@@ -304,28 +306,36 @@ TEST_F(NewNameTest, ACustomNameIsEnteredOnce) {
 
 TEST_F(NewNameTest, HistoriesKeepWhatWasUsed) {
   Set("TabIndex", "2");
-  Set("Combo_Find", "Abc");
-  Build("a");
-  Set("Combo_Find", "x");
-  Build("a");
-  Set("Combo_Find", "aBC");  // known in another case: nothing is entered, nothing moves
-  Build("a");
-  EXPECT_EQ(settings.Combo_Find.Items(), (std::vector<std::string>{"x", "Abc"}));
-  EXPECT_TRUE(settings.Combo_Replace.Items().empty());
-  // Only the first 21 are searched: a text that has fallen below them is entered again.
-  for (int i = 0; i < 22; ++i) {
-    Set("Combo_Find", "n" + std::to_string(i));
+  const auto use = [this](const std::string& find) {
+    Set("Combo_Find", find);
     Build("a");
-  }
-  Set("Combo_Find", "abc");
-  Build("a");
-  EXPECT_EQ(settings.Combo_Find.Items().size(), 25U);
+  };
+  use("Abc");
+  Set("Combo_Replace", "with");
+  use("x");
+  use("aBC");  // known in another case: nothing is entered, nothing moves
+  EXPECT_EQ(settings.Combo_Find.Items(), (std::vector<std::string>{"x", "Abc"}));
+  EXPECT_EQ(settings.Combo_Replace.Items(), std::vector<std::string>{"with"});
+  // The search ends with the 21st item.
+  for (int i = 0; i < 19; ++i) use("n" + std::to_string(i));
+  use("abc");
+  EXPECT_EQ(settings.Combo_Find.Items().size(), 21U);
+  use("one more");
+  use("abc");
+  EXPECT_EQ(settings.Combo_Find.Items().size(), 23U);
   EXPECT_EQ(settings.Combo_Find.Items().front(), "abc");
   EXPECT_EQ(settings.Combo_Find.Value(), "abc");
-  Set("Combo_Replace", "kept");
-  screen.Find("Cmd_ClearComboBox")->rule();
-  EXPECT_TRUE(settings.Combo_Find.Items().empty());
-  EXPECT_EQ(settings.Combo_Replace.Value(), "kept");
+  for (const char* button : {"PushButton_ClearComboBox", "Cmd_ClearComboBoxName"}) {
+    settings.Combo_OriginalName.AddItem("x");
+    settings.Combo_Find.AddItem("x");
+    settings.Combo_Replace.AddItem("x");
+    dynamic_cast<Button*>(screen.Find(button))->Press();
+    const bool clearsNames = std::string(button) == "Cmd_ClearComboBoxName";
+    EXPECT_EQ(settings.Combo_OriginalName.Items().empty(), clearsNames);
+    EXPECT_EQ(settings.Combo_Find.Items().empty(), !clearsNames);
+    EXPECT_EQ(settings.Combo_Replace.Items().empty(), !clearsNames);
+  }
+  EXPECT_EQ(settings.Combo_Replace.Value(), "with");  // the texts stay
 }
 
 TEST(ApplyMask, KnowsTwoModes) {

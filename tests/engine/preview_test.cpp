@@ -1,4 +1,7 @@
 // The preview, the sample name, and the rules of the pages.
+#include <map>
+#include <set>
+
 #include "tests/support/engine_fixture.h"
 
 namespace tallowbrook {
@@ -154,6 +157,7 @@ TEST_F(PreviewTest, TheSampleGoesByTheActivePage) {
 }
 
 TEST_F(PreviewTest, TicksGovernTheirFields) {
+  EXPECT_FALSE(settings.Text_Prefix.Enabled());  // a fresh start has the box off
   const std::vector<std::pair<std::string, std::string>> pairs = {
       {"Check_Prefix", "Text_Prefix"},        {"Check_Suffix", "Text_Suffix"},
       {"Check_Seperator", "Text_Seperator"},  {"Check_Original", "Combo_Original"},
@@ -168,6 +172,11 @@ TEST_F(PreviewTest, TicksGovernTheirFields) {
   }
   Set("Check_UseCurrentDateTime", "1");
   EXPECT_FALSE(settings.DTPicker_AdvancedDate.Enabled());
+  EXPECT_FALSE(settings.Combo_AdvancedDate5.Enabled());
+  Set("Check_Unique", "0");
+  EXPECT_FALSE(settings.Text_UniqueIncrement.Enabled());
+  EXPECT_TRUE(settings.Txt_RandomTo.Enabled());
+  EXPECT_TRUE(settings.Combo_DateInterval.Enabled());
 }
 
 TEST_F(PreviewTest, TheNameFieldPicturesItsForm) {
@@ -180,26 +189,106 @@ TEST_F(PreviewTest, TheNameFieldPicturesItsForm) {
   EXPECT_EQ(settings.Combo_OriginalName.Value(), "Filename");
   Set("Combo_Extension", "2");
   EXPECT_EQ(settings.Text_Extension.Value(), "ABC");
+  EXPECT_TRUE(settings.Text_Extension.ReadOnly());
+  Set("Combo_Extension", "1");
+  EXPECT_FALSE(settings.Text_Extension.ReadOnly());
 }
 
-// Three lists are not emptied by a reset: the first copy keeps its indices.
-TEST_F(PreviewTest, ASecondResetDoublesThreeListsAndKeepsTheRest) {
-  Set("Check_Prefix", "1");
-  Set("Text_Prefix", "kept");
-  Set("Combo_Find", "kept");
-  Set("TabIndex", "2");
-  Set("Combo_Unique", "2");
+// Which settings a reset sets back, and which keep what the user gave them. Three lists are
+// appended to instead of filled anew; that is wanted.
+TEST_F(PreviewTest, AResetSetsJustItsOwnFields) {
+  dialogs.answers = std::deque<Answer>(9, Answer::Ok);
+  const auto values = [this] {
+    std::map<std::string, std::string> texts;
+    for (Control* control : screen.Controls()) {
+      if (control->Kind() != ControlKind::Label) texts[control->Name()] = control->ValueText();
+    }
+    return texts;
+  };
+  for (const auto& [name, value] : values()) {
+    Control& control = *screen.Find(name);
+    if (!control.SetValueText(value == "0"   ? "1"
+                              : value == "1" ? "0"
+                                             : "True") &&
+        !control.SetValueText("2")) {
+      control.SetValueText("3/4/2005");
+    }
+  }
+  const auto before = values();
+  settings.Combo_Find.SetItems({"kept"});
+  settings.Combo_OriginalName.SetItems({"kept"});
   pages.ResetSettings();
+  std::set<std::string> setBack;
+  for (const auto& [name, value] : before) {
+    if (screen.Find(name)->ValueText() != value) setBack.insert(name);
+  }
+  EXPECT_EQ(setBack, (std::set<std::string>{"Check_AllInfoPresent",
+                                            "Check_Extension",
+                                            "Check_MP3Extension",
+                                            "Check_Original",
+                                            "Check_Seperator",
+                                            "Check_Unique",
+                                            "Combo_AdvancedDate3",
+                                            "Combo_AdvancedDate4",
+                                            "Combo_AdvancedDate5",
+                                            "Combo_DateInterval",
+                                            "Combo_Direction",
+                                            "Combo_Extension",
+                                            "Combo_Occurances",
+                                            "Combo_Original",
+                                            "Combo_OriginalName",
+                                            "Combo_RemoveChars",
+                                            "Combo_RemoveStarting",
+                                            "Combo_Unique",
+                                            "Combo_UniqueDate0",
+                                            "Combo_UniqueDate1",
+                                            "Combo_UniqueDate2",
+                                            "Combo_UniqueDateStart0",
+                                            "Combo_UniqueDateStart1",
+                                            "Combo_UniqueDateStart2",
+                                            "Combo_UpdateDateType",
+                                            "TabIndex",
+                                            "Text_Extension",
+                                            "Text_Seperator",
+                                            "Text_StartCheck",
+                                            "Text_Step",
+                                            "Text_UniqueMask",
+                                            "Text_UniqueStart",
+                                            "Txt_RandomTo"}));
+  EXPECT_EQ(settings.Combo_Find.Items(), Lines{"kept"});
+  EXPECT_EQ(settings.Combo_OriginalName.Items().back(), "kept");
   EXPECT_EQ(settings.Combo_Occurances.Items().size(), 62U);
   EXPECT_EQ(settings.Combo_Occurances.ItemText(), "All");
   EXPECT_EQ(settings.Combo_RemoveStarting.Items().size(), 60U);
   EXPECT_EQ(settings.Combo_UpdateDateType.Items().size(), 6U);
   EXPECT_EQ(settings.Combo_RemoveChars.Items().size(), 31U);
-  EXPECT_EQ(settings.Combo_AdvancedDate4.Items().size(), 60U);
-  EXPECT_EQ(settings.Text_Prefix.Value(), "kept");
-  EXPECT_EQ(settings.Combo_Find.Value(), "kept");
-  EXPECT_EQ(settings.TabIndex.Index(), 0);
-  EXPECT_EQ(settings.Combo_Unique.Index(), 0);
+  const Lines& years = settings.Combo_UniqueDateStart2.Items();
+  EXPECT_EQ(years.size(), 201U);
+  EXPECT_EQ(years.front(), "2124");
+  EXPECT_EQ(settings.Combo_UniqueDateStart2.Value(), "2024");
+}
+
+// What a profile that lacks a key stands for isn't always what a fresh start shows.
+TEST_F(PreviewTest, SomeProfileDefaultsAreNotTheInitialValues) {
+  std::map<std::string_view, std::pair<std::string_view, std::string_view>> odd;
+  for (const Control* control : screen.Controls()) {
+    const ControlFacts& facts = control->Facts();
+    if (facts.key.empty()) continue;
+    if (facts.key.substr(0, facts.key.size() - 1) != facts.name) {
+      odd[facts.name] = {facts.key, facts.keyDefault};
+    }
+  }
+  EXPECT_EQ(odd, (decltype(odd){{"Combo_OriginalName", {"Text_Original=", "filename"}},
+                                {"Option1_Folders", {"ViewFolders=", "False"}},
+                                {"Check_Thumbnails", {"ShowThumbnails=", "0"}}}));
+  for (const auto& [name, value] :
+       std::vector<std::pair<std::string, std::string>>{{"Text_Extension", ".abc"},
+                                                        {"Txt_RandomTo", "0"},
+                                                        {"Check_AllInfoPresent", "0"},
+                                                        {"Combo_UniqueDate2", "7"},
+                                                        {"Option_Search1", "1"}}) {
+    EXPECT_EQ(screen.Find(name)->Facts().keyDefault, value) << name;
+  }
 }
 
 TEST_F(PreviewTest, TheUniquePanelShowsWhatItsKindNeeds) {
@@ -247,6 +336,9 @@ TEST_F(PreviewTest, PagesShowTheirPanels) {
   Set("Option_Move", "True");
   EXPECT_EQ(settings.TransferMethod.Value(), 1);
   EXPECT_EQ(pages.Lbl_MoveTo.Caption(), "Move To:");
+  Set("Option_Copy", "True");
+  EXPECT_EQ(settings.TransferMethod.Value(), 0);
+  EXPECT_EQ(pages.Lbl_MoveTo.Caption(), "Copy To:");
 }
 
 }  // namespace
