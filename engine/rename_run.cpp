@@ -124,8 +124,8 @@ void RenameRun::FinishDone(FileEntry& row, const std::string& directory, RowResu
   RunRecord record;
   record.kind = RunRecord::Kind::File;
   if (pane_.Option1_Folders.On()) {
-    // Of a date row this is the former date as the log has it: paths below such a folder are
-    // void until the next scan. It must be so.
+    // A date row hands on the former date as the log has it, so that rows below that folder point
+    // nowhere until the next scan. That is wanted: they fail rather than act on a stale path.
     UpdateFolderPaths(row.name, result.newName + (result.IsRenameRecord ? "" : "?"), directory);
     record.kind = RunRecord::Kind::Folder;
   }

@@ -13,22 +13,27 @@ namespace {
 
 constexpr std::string_view lineEnd = "\r\n";
 
+// What a line that ends in `last` lacks of its end.
+std::string_view MissingEnd(char last) {
+  return last == '\r' ? lineEnd.substr(1) : lineEnd;
+}
+
 class SystemAppendFile : public AppendFile {
  public:
-  explicit SystemAppendFile(FileDescriptor file) : file_(std::move(file)) {}
+  // `missingEnd` is what the last line in the file lacks; it goes out with the first write.
+  SystemAppendFile(FileDescriptor file, std::string_view missingEnd)
+      : file_(std::move(file)), missingEnd_(missingEnd) {}
 
   FileError Write(std::string_view bytes) override {
-    if (!lineIsCut_) return WriteFully(bytes);
-    const FileError error = WriteFully(std::string(lineEnd).append(bytes));
-    if (error == FileError::None) lineIsCut_ = false;
-    return error;
+    if (missingEnd_.empty()) return WriteFully(bytes);
+    return WriteFully(std::string(missingEnd_).append(bytes));
   }
 
  private:
   FileError WriteFully(std::string_view bytes);
 
   FileDescriptor file_;
-  bool lineIsCut_ = false;  // the last line in the file lacks its rest
+  std::string_view missingEnd_;
 };
 
 FileError SystemAppendFile::WriteFully(std::string_view bytes) {
@@ -36,19 +41,20 @@ FileError SystemAppendFile::WriteFully(std::string_view bytes) {
     const ssize_t written = write(file_.Number(), bytes.data(), bytes.size());
     if (written < 0 && errno == EINTR) continue;
     if (written <= 0) return written < 0 ? FromErrno(errno) : FileError::Io;
-    bytes.remove_prefix(static_cast<std::size_t>(written));
-    lineIsCut_ = !bytes.empty();
+    const auto length = static_cast<std::size_t>(written);
+    missingEnd_ = length == bytes.size() ? std::string_view() : MissingEnd(bytes[length - 1]);
+    bytes.remove_prefix(length);
   }
   return FileError::None;
 }
 
-// True for an empty file, and for one whose end can't be read.
-bool EndsWhole(int file, std::string_view wholeEnds) {
+// Nothing for an empty file, and for one whose end can't be read.
+std::string_view MissingEndOf(int file, std::string_view wholeEnds) {
   struct stat facts;
   char last;
-  if (fstat(file, &facts) != 0 || facts.st_size == 0) return true;
-  if (pread(file, &last, 1, facts.st_size - 1) != 1) return true;
-  return wholeEnds.find(last) != std::string_view::npos;
+  if (fstat(file, &facts) != 0 || facts.st_size == 0) return {};
+  if (pread(file, &last, 1, facts.st_size - 1) != 1) return {};
+  return wholeEnds.find(last) != std::string_view::npos ? std::string_view() : MissingEnd(last);
 }
 
 FileDescriptor OpenAppending(const std::string& path) {
@@ -64,15 +70,12 @@ std::unique_ptr<AppendFile> SystemFiles::OpenForAppend(const std::string& path,
                                                        std::string_view wholeEnds,
                                                        FileError* error) {
   FileDescriptor file = OpenAppending(path);
-  FileError outcome = file.IsOpen() ? FileError::None : FromErrno(errno);
-  if (outcome == FileError::None) {
-    const bool endsWhole = EndsWhole(file.Number(), wholeEnds);
-    auto opened = std::make_unique<SystemAppendFile>(std::move(file));
-    if (!endsWhole) outcome = opened->Write(lineEnd);
-    if (outcome == FileError::None) return opened;
+  if (!file.IsOpen()) {
+    if (error != nullptr) *error = FromErrno(errno);
+    return nullptr;
   }
-  if (error != nullptr) *error = outcome;
-  return nullptr;
+  const std::string_view missingEnd = MissingEndOf(file.Number(), wholeEnds);
+  return std::make_unique<SystemAppendFile>(std::move(file), missingEnd);
 }
 
 }  // namespace tallowbrook

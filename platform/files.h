@@ -75,8 +75,8 @@ class Files {
   virtual FileError Delete(const std::string& path) = 0;
 
   // Creates the file if it is missing. Null, and *error set if given, on failure. A last line
-  // that a killed program left without its end gets one, so that the next line stands alone;
-  // a file that ends in one of `wholeEnds` is left as it is.
+  // that a killed program left without its end gets one with the first write, so that what is
+  // written stands on a line of its own; a file that ends in one of `wholeEnds` needs none.
   virtual std::unique_ptr<AppendFile> OpenForAppend(const std::string& path,
                                                     std::string_view wholeEnds,
                                                     FileError* error = nullptr) = 0;

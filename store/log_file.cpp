@@ -11,7 +11,9 @@ constexpr char wholeEnds[] = {'\n', log_format::batchEnd};
 
 void LogFile::BeginBatch(Date now) {
   file_ = files_.OpenForAppend(path_, std::string_view(wholeEnds, sizeof wholeEnds));
-  LogMessage(log_format::Header(now));
+  header_ = log_format::Header(now);
+  header_ += log_format::lineBreak;
+  LogMessage({});
 }
 
 void LogFile::Record(const RunRecord& record) {
@@ -26,10 +28,10 @@ void LogFile::EndBatch() {
 
 void LogFile::LogMessage(std::string_view text) {
   if (!file_) return;
-  buffer_.assign(text);
-  buffer_ += log_format::lineBreak;
-  // A record that can't be written is lost; the run goes on.
-  static_cast<void>(file_->Write(buffer_));
+  buffer_ = header_;
+  if (!text.empty()) buffer_.append(text) += log_format::lineBreak;
+  // What can't be written is lost and the run goes on; but no record is read without its header.
+  if (file_->Write(buffer_) == FileError::None) header_.clear();
 }
 
 }  // namespace tallowbrook

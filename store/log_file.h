@@ -22,12 +22,14 @@ class LogFile : public RunLog {
   void Close() override { file_.reset(); }
 
  private:
-  // Writes the text and a line break, as one write, so that a killed run leaves whole lines.
+  // Writes the text and a line break, as one write, so that a killed run leaves whole lines. A
+  // header that couldn't be written yet goes before it, in the same write.
   void LogMessage(std::string_view text);
 
   Files& files_;
   std::string path_;
   std::unique_ptr<AppendFile> file_;
+  std::string header_;  // as long as it isn't in the file
   std::string line_;
   std::string buffer_;
 };

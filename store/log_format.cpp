@@ -131,17 +131,36 @@ std::optional<Batch> ParseBatch(std::string_view text) {
   }
 }
 
+std::vector<Entry> ParseEntries(const Batch& batch) {
+  std::vector<Entry> entries;
+  for (std::size_t i = 1; i + 1 < batch.lines.size(); ++i) {
+    std::optional<Entry> entry = ParseRecord(batch.lines[i]);
+    if (!entry) continue;
+    entry->line = i;
+    entries.push_back(std::move(*entry));
+  }
+  return entries;
+}
+
 std::optional<Entry> ParseRecord(std::string_view line) {
   if (line.empty() || line.front() == '@') return {};
-  const std::vector<std::string_view> halves = Split(line, statusEnd);
-  if (halves.size() < 2) return {};
-  const std::vector<std::string_view> fields = Split(halves[1], fieldEnd);
-  if (fields.size() < 2) return {};
-  Entry entry;
-  entry.status = halves[0];
+  const std::vector<std::string_view> parts = Split(line, statusEnd);
+  if (parts.size() < 3) return {};
+  const std::string_view payload = parts[1];
+  const std::vector<std::string_view> fields = Split(payload, fieldEnd);
+  if (fields.size() < 3) return {};
+  Entry entry{};
+  entry.status = parts[0];
   entry.oldPath = Unescaped(TrimBlanks(fields[0]));
-  entry.newPath = Unescaped(TrimBlanks(fields[1]));
-  if (fields.size() == 4) entry.detail = TrimBlanks(fields[2]);
+  std::string_view newPath = fields[1];
+  if (entry.status == "0") {
+    // A name that failed may hold question marks of its own; nothing stands behind it.
+    const std::size_t start = fields[0].size() + 1;
+    newPath = payload.substr(start, payload.rfind(fieldEnd) - start);
+  } else if (fields.size() == 4) {
+    entry.detail = Unescaped(TrimBlanks(fields[2]));
+  }
+  entry.newPath = Unescaped(TrimBlanks(newPath));
   return entry;
 }
 

@@ -22,7 +22,7 @@ inline constexpr char escape = 16;     // before two upper-case hex digits
 inline constexpr char fieldEnd = '?';  // behind each path, and behind the detail
 inline constexpr std::string_view lineBreak = "\r\n";
 
-// Without a line break at its end, like the other two: what a log writes adds it.
+// Both without a line break at their end.
 std::string Header(Date now);
 // Replaces `line`.
 void FormatRecord(const RunRecord& record, std::string& line);
@@ -41,16 +41,20 @@ struct Batch {
 // The batches' texts: what stands between the ends of batches. What stands behind the last end
 // belongs to a run that didn't finish, and isn't one.
 std::vector<std::string_view> SplitBatches(std::string_view log);
-// Nothing for a batch without a header that has three blanks.
+// Nothing for a batch whose header lacks one of its three blanks or the brackets of its time.
 std::optional<Batch> ParseBatch(std::string_view text);
 
 struct Entry {
+  std::size_t line;  // its index in the batch's lines
   std::string status;
   std::string oldPath;
   std::string newPath;
   std::string detail;
 };
-// Nothing for a line that holds no record: an empty one, a header, or one of too few fields.
+// The entries between the batch's first line and its last. A line that holds none is passed over.
+std::vector<Entry> ParseEntries(const Batch& batch);
+// Nothing for a line that holds no entry: an empty one, a header, one of too few fields, or one
+// that a full disk or a power cut left without its end.
 std::optional<Entry> ParseRecord(std::string_view line);
 
 }  // namespace tallowbrook::log_format

@@ -38,7 +38,7 @@ TEST(OpenForAppend, EndsALineThatLacksItsEnd) {
       {"", "\n", "x\r\n"},
       {"old\r\n", "\n", "old\r\nx\r\n"},
       {"killed in the mid", "\n", "killed in the mid\r\nx\r\n"},
-      {"killed\r", "\n", "killed\r\r\nx\r\n"},
+      {"killed\r", "\n", "killed\r\nx\r\n"},
       {"old;", "\n;", "old;x\r\n"},
       {std::string("zeros\0", 6), "\n", std::string("zeros\0\r\nx\r\n", 11)},
   };

@@ -58,10 +58,7 @@ TEST(KilledRun, EveryRenamedFileButAtMostOneHasItsRecord) {
   std::set<std::string> recorded;
   const auto batch = log_format::ParseBatch(log_format::SplitBatches(log).front());
   ASSERT_TRUE(batch);
-  for (std::size_t i = 1; i < batch->lines.size(); ++i) {
-    const auto entry = log_format::ParseRecord(batch->lines[i]);
-    if (entry) recorded.insert(entry->newPath);
-  }
+  for (const auto& entry : log_format::ParseEntries(*batch)) recorded.insert(entry.newPath);
   int renamed = 0;
   int unrecorded = 0;
   for (const std::string& name : folder.Names()) {

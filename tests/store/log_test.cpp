@@ -78,32 +78,82 @@ TEST_F(LogTest, EveryNameReadsBackToTheSameBytes) {
   ASSERT_TRUE(batch);
   EXPECT_EQ(batch->date, "02/09/24");
   EXPECT_EQ(batch->time, "05:07");
-  ASSERT_EQ(batch->lines.size(), odd.size() + 2);
+  const auto entries = log_format::ParseEntries(*batch);
+  ASSERT_EQ(entries.size(), odd.size());
   for (std::size_t i = 0; i < odd.size(); ++i) {
-    const auto entry = log_format::ParseRecord(batch->lines[i + 1]);
-    ASSERT_TRUE(entry) << odd[i];
-    EXPECT_EQ(entry->status, "1") << odd[i];
-    EXPECT_EQ(entry->oldPath, "/ d?\x06/" + odd[i]) << odd[i];
-    EXPECT_EQ(entry->newPath, "/e /" + odd[i]) << odd[i];
-    EXPECT_EQ(entry->detail, "") << odd[i];
+    EXPECT_EQ(entries[i].line, i + 1) << odd[i];
+    EXPECT_EQ(entries[i].status, "1") << odd[i];
+    EXPECT_EQ(entries[i].oldPath, "/ d?\x06/" + odd[i]) << odd[i];
+    EXPECT_EQ(entries[i].newPath, "/e /" + odd[i]) << odd[i];
+    EXPECT_EQ(entries[i].detail, "") << odd[i];
   }
   // The second batch begins with the line break behind the end of the first.
   EXPECT_EQ(log_format::ParseBatch(batches[1])->lines.front(), "");
 }
 
-TEST(LogFormat, AFailedNameKeepsItsQuestionMarks) {
-  std::string line;
-  log_format::FormatRecord({RunRecord::Kind::Failed, "/d?/", "a", "/d?/", "why?\n "}, line);
-  EXPECT_EQ(line,
-            "0\x06 /d\x10"
-            "3F/a?/d\x10"
-            "3F/why?\x10"
-            "0A\x10"
-            "20?\x06\x05");
+TEST(LogFormat, EscapesJustTheBytesThatMeanSomething) {
+  const std::vector<std::pair<std::string, std::string>> cases = {
+      {"a\x05",
+       "a\x10"
+       "05"},
+      {"a\x06",
+       "a\x10"
+       "06"},
+      {"a\x07",
+       "a\x10"
+       "07"},
+      {"a\n",
+       "a\x10"
+       "0A"},
+      {"a\r",
+       "a\x10"
+       "0D"},
+      {"a\x10",
+       "a\x10"
+       "10"},
+      {"a?b",
+       "a\x10"
+       "3Fb"},
+      {"a  ",
+       "a \x10"
+       "20"},
+      {" a b", " a b"},
+      {"\x01\ta", "\x01\ta"},
+      {"\xff\xc3", "\xff\xc3"},
+      {"<@>", "<@>"},
+  };
+  for (const auto& [name, text] : cases) {
+    EXPECT_EQ(log_format::Escaped(name), text);
+    EXPECT_EQ(log_format::Unescaped(text), name);
+  }
 }
 
+TEST(LogFormat, AFailedNameKeepsItsQuestionMarks) {
+  std::string line;
+  log_format::FormatRecord({RunRecord::Kind::Failed, "/d?/", "a?", "/d?/", "why?<Date\n "}, line);
+  EXPECT_EQ(line,
+            "0\x06 /d\x10"
+            "3F/a\x10"
+            "3F?/d\x10"
+            "3F/why?<Date\x10"
+            "0A\x10"
+            "20?\x06\x05");
+  const auto entry = log_format::ParseRecord(line);
+  ASSERT_TRUE(entry);
+  EXPECT_EQ(entry->oldPath, "/d?/a?");
+  EXPECT_EQ(entry->newPath, "/d?/why?<Date\n ");
+  EXPECT_EQ(entry->detail, "");
+}
+
+// A record cut anywhere is none: what is left of it may name another file.
 TEST(LogFormat, WhatIsNoRecordIsNone) {
-  for (const char* line : {"", "@----------- 1 [2] -@", "1", "1\x06", "1\x06 /a", "junk?a?b"}) {
+  const std::string whole = "1\x06 /d/a?/d/photo12?<DateModified,1/1/2001>?\x06\x05";
+  ASSERT_TRUE(log_format::ParseRecord(whole));
+  ASSERT_TRUE(log_format::ParseRecord(whole.substr(0, whole.size() - 1)));
+  for (std::size_t length = 0; length < whole.size() - 1; ++length) {
+    EXPECT_FALSE(log_format::ParseRecord(whole.substr(0, length))) << length;
+  }
+  for (const char* line : {"@----------- 1 [2] -@", "junk?a?b", "1\x06 /a\x06", "1\x06 /a?\x06"}) {
     EXPECT_FALSE(log_format::ParseRecord(line)) << line;
   }
   const auto dated = log_format::ParseRecord("10\x06 /a ? /b? <x> ?\x06\x05");
@@ -112,6 +162,7 @@ TEST(LogFormat, WhatIsNoRecordIsNone) {
   EXPECT_EQ(dated->oldPath, "/a");
   EXPECT_EQ(dated->newPath, "/b");
   EXPECT_EQ(dated->detail, "<x>");
+  EXPECT_EQ(log_format::ParseRecord("1\x06 /a?/b?c?d?e?\x06\x05")->detail, "");
   // Lenient where a hand has been at the file.
   EXPECT_EQ(log_format::Unescaped("a\x10"
                                   "3Fb\x10zz\x10"),
@@ -134,6 +185,20 @@ TEST_F(LogTest, ARunWithoutALogGoesOn) {
   files.FailAt(FileCall::Open, 1, FileError::NotPermitted);
   RunBatch({{RunRecord::Kind::File, "/d/", "a", "/d/", "b"}});
   EXPECT_FALSE(folder.Exists("Logfile.txt"));
+}
+
+// One write a line; what one of them loses, the others don't, and no record is without a header.
+TEST_F(LogTest, AFullDiskCostsOnlyWhatDidNotFit) {
+  const RunRecord record{RunRecord::Kind::File, "/d/", "a", "/d/", "b"};
+  files.FailAt(FileCall::Write, 1, FileError::NoSpace);
+  files.FailAt(FileCall::Write, 3, FileError::NoSpace);
+  RunBatch({record, record, record});
+  EXPECT_EQ(files.Count(FileCall::Write), 5);
+  EXPECT_EQ(folder.Read("Logfile.txt"),
+            "@----------- 02/09/24 [05:07] -----------@\r\n"
+            "1\x06 /d/a?/d/b?\x06\x05\r\n"
+            "1\x06 /d/a?/d/b?\x06\x05\r\n"
+            "\x07\r\n");
 }
 
 // What a killed run left of a line must not swallow the next batch's header.
