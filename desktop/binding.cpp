@@ -203,7 +203,9 @@ ButtonBinding::ButtonBinding(Button& button, QPushButton& push, char accessKey)
   connect(&push, &QPushButton::clicked, this, [this] { button_.Press(); });
 }
 
-void ButtonBinding::ShowValue() { push_.setText(WithAccessKey(button_.Caption(), accessKey_)); }
+void ButtonBinding::ShowValue() {
+  push_.setText(WithAccessKey(button_.Caption(), accessKey_));
+}
 
 CaptionBinding::CaptionBinding(Control& control, QLabel& label, char accessKey)
     : Binding(control, label), control_(control), label_(label), accessKey_(accessKey) {}

@@ -27,7 +27,7 @@ class BadgeDelegate : public QStyledItemDelegate {
     const QVariant badge = index.data(Qt::BackgroundRole);
     if (badge.isValid() && !(option.state & QStyle::State_Selected)) {
       constexpr int inset = 2;
-      const int width = option.fontMetrics.horizontalAdvance(index.data().toString()) + 10;
+      const int width = option.fontMetrics.horizontalAdvance(index.data().toString()) + 7;
       QRect box = option.rect.adjusted(inset - 1, inset, -inset, -inset);
       box.setWidth(std::min(box.width(), width));
       painter->save();
@@ -63,6 +63,9 @@ FileTable::FileTable(FileList& list, QWidget* parent) : QTableView(parent), mode
   setAcceptDrops(true);
   setDragDropMode(DropOnly);
   setDropIndicatorShown(false);
+  model_.stateChanged = [this] {
+    if (visibilityChanged) visibilityChanged();
+  };
   connect(&model_, &QAbstractItemModel::modelReset, this, [this] { RestoreHighlights(); });
 }
 
@@ -172,8 +175,7 @@ void FileTable::dropEvent(QDropEvent* event) {
   QTimer::singleShot(0, this, [this, paths = std::move(paths)] { dropped(paths); });
 }
 
-void FileTable::selectionChanged(const QItemSelection& selected,
-                                 const QItemSelection& deselected) {
+void FileTable::selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) {
   Mark(deselected, false);
   Mark(selected, true);
   QTableView::selectionChanged(selected, deselected);

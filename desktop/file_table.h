@@ -18,6 +18,8 @@ class FileTable : public QTableView {
   std::function<void()> renamePressed;
   std::function<void(const std::vector<std::string>&)> dropped;
   std::function<void(bool)> focused;
+  // The list has come into sight or gone out of it.
+  std::function<void()> visibilityChanged;
 
  protected:
   void keyPressEvent(QKeyEvent* event) override;
@@ -27,8 +29,7 @@ class FileTable : public QTableView {
   void dragEnterEvent(QDragEnterEvent* event) override;
   void dragMoveEvent(QDragMoveEvent* event) override;
   void dropEvent(QDropEvent* event) override;
-  void selectionChanged(const QItemSelection& selected,
-                        const QItemSelection& deselected) override;
+  void selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) override;
 
  private:
   void SetUpLook();

@@ -28,8 +28,7 @@ const Shade& ShadeOf(RowColour colour) {
 }
 
 int Rows(const FileList& list) {
-  return static_cast<int>(
-      std::min<std::size_t>(list.Count(), std::numeric_limits<int>::max()));
+  return static_cast<int>(std::min<std::size_t>(list.Count(), std::numeric_limits<int>::max()));
 }
 
 }  // namespace
@@ -39,7 +38,9 @@ FileTableModel::FileTableModel(FileList& list)
   list_.changed = [this](const ListChange& change) { Note(change); };
 }
 
-FileTableModel::~FileTableModel() { list_.changed = nullptr; }
+FileTableModel::~FileTableModel() {
+  list_.changed = nullptr;
+}
 
 int FileTableModel::rowCount(const QModelIndex& parent) const {
   return parent.isValid() ? 0 : shownRows_;
@@ -105,8 +106,8 @@ QVariant FileTableModel::headerData(int section, Qt::Orientation orientation, in
 
 Qt::ItemFlags FileTableModel::flags(const QModelIndex& index) const {
   if (!index.isValid()) return Qt::ItemIsDropEnabled;
-  const Qt::ItemFlags usual = Qt::ItemIsEnabled | Qt::ItemIsSelectable | Qt::ItemIsDropEnabled |
-                              Qt::ItemNeverHasChildren;
+  const Qt::ItemFlags usual =
+      Qt::ItemIsEnabled | Qt::ItemIsSelectable | Qt::ItemIsDropEnabled | Qt::ItemNeverHasChildren;
   return ColumnOf(index.column()) == Column::Row ? usual | Qt::ItemIsUserCheckable : usual;
 }
 

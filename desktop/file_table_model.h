@@ -52,7 +52,11 @@ class FileTableModel : public QAbstractTableModel {
   std::size_t lastChanged_ = 0;
 };
 
-inline Column ColumnOf(int section) { return static_cast<Column>(section + 1); }
-inline int SectionOf(Column column) { return static_cast<int>(column) - 1; }
+inline Column ColumnOf(int section) {
+  return static_cast<Column>(section + 1);
+}
+inline int SectionOf(Column column) {
+  return static_cast<int>(column) - 1;
+}
 
 }  // namespace tallowbrook

@@ -23,12 +23,13 @@ FolderTree::FolderTree(Files& files, const std::string& home, std::string_view c
 
 void FolderTree::ShowFolder(std::string_view path) {
   path = WithoutEndSlash(path);
-  if (model_.PathOf(currentIndex()) == path) return;
+  if (SelectedPath() == path) return;
   showing_ = true;
   const QModelIndex found = model_.Find(path, currentIndex());
   if (found.isValid()) {
     setCurrentIndex(found);
-    scrollTo(found);
+    if (!found.parent().isValid()) expand(found);
+    scrollTo(found, PositionAtCenter);
   } else {
     selectionModel()->clear();
   }
@@ -36,7 +37,7 @@ void FolderTree::ShowFolder(std::string_view path) {
 }
 
 void FolderTree::Refresh() {
-  const std::string current = model_.PathOf(currentIndex());
+  const std::string current = SelectedPath();
   const std::vector<std::string> open = OpenFolders({});
   showing_ = true;
   model_.Reload();
@@ -60,13 +61,26 @@ std::vector<std::string> FolderTree::OpenFolders(const QModelIndex& below) const
   return open;
 }
 
-void FolderTree::currentChanged(const QModelIndex& current, const QModelIndex& previous) {
-  QTreeView::currentChanged(current, previous);
-  if (showing_ || !current.isValid()) return;
+std::string FolderTree::SelectedPath() const {
+  return model_.PathOf(selectionModel()->selectedIndexes().value(0));
+}
+
+// The current row alone says nothing: a tree that gets the focus makes its first row that.
+void FolderTree::selectionChanged(const QItemSelection& selected,
+                                  const QItemSelection& deselected) {
+  QTreeView::selectionChanged(selected, deselected);
+  const std::string path = SelectedPath();
+  if (showing_ || path.empty()) return;
   // A scan lets events through: it must not begin inside this view's own event.
-  QTimer::singleShot(0, this, [this, path = model_.PathOf(current)] {
+  QTimer::singleShot(0, this, [this, path] {
     if (folderSelected) folderSelected(path);
   });
+}
+
+// The highlight of a short name goes across the whole tree.
+void FolderTree::resizeEvent(QResizeEvent* event) {
+  QTreeView::resizeEvent(event);
+  header()->setMinimumSectionSize(viewport()->width());
 }
 
 void FolderTree::keyPressEvent(QKeyEvent* event) {

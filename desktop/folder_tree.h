@@ -25,10 +25,12 @@ class FolderTree : public QTreeView {
   void Refresh();
 
  protected:
-  void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
+  void selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) override;
+  void resizeEvent(QResizeEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
 
  private:
+  std::string SelectedPath() const;
   std::vector<std::string> OpenFolders(const QModelIndex& below) const;
 
   FolderTreeModel model_;

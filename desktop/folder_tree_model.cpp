@@ -28,8 +28,7 @@ namespace {
 
 bool Contains(std::string_view folder, std::string_view path) {
   if (folder == "/") return path.starts_with('/');
-  return path.starts_with(folder) &&
-         (path.size() == folder.size() || path[folder.size()] == '/');
+  return path.starts_with(folder) && (path.size() == folder.size() || path[folder.size()] == '/');
 }
 
 }  // namespace
@@ -56,7 +55,9 @@ FolderTreeModel::Node* FolderTreeModel::NodeOf(const QModelIndex& index) const {
   return static_cast<Node*>(index.internalPointer());
 }
 
-QModelIndex FolderTreeModel::IndexOf(Node& node) const { return createIndex(node.row, 0, &node); }
+QModelIndex FolderTreeModel::IndexOf(Node& node) const {
+  return createIndex(node.row, 0, &node);
+}
 
 QModelIndex FolderTreeModel::index(int row, int column, const QModelIndex& parent) const {
   const auto& siblings = parent.isValid() ? NodeOf(parent)->children : roots_;
@@ -74,7 +75,9 @@ int FolderTreeModel::rowCount(const QModelIndex& parent) const {
   return static_cast<int>(parent.isValid() ? NodeOf(parent)->children.size() : roots_.size());
 }
 
-int FolderTreeModel::columnCount(const QModelIndex&) const { return 1; }
+int FolderTreeModel::columnCount(const QModelIndex&) const {
+  return 1;
+}
 
 QVariant FolderTreeModel::data(const QModelIndex& index, int role) const {
   if (!index.isValid()) return {};

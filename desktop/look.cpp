@@ -5,6 +5,7 @@
 #include <QLineEdit>
 #include <QPalette>
 #include <QStyleFactory>
+#include <QVBoxLayout>
 
 namespace tallowbrook {
 
@@ -26,7 +27,7 @@ QWidget#RibbonPlace QToolButton:focus { border-color: #7fa9d4; }
 
 QGroupBox {
   background: #ffffff; border: 1px solid #d2dae4; border-radius: 5px;
-  margin-top: 1.45em; padding: 2px;
+  margin-top: 1.4em;
 }
 QGroupBox::title {
   subcontrol-origin: margin; subcontrol-position: top left; left: 2px; color: #3b556f;
@@ -42,18 +43,25 @@ QTabBar::tab:hover { background: #f1f5f9; }
 QTabBar::tab:selected { background: #f8fafc; border-bottom-color: #f8fafc; color: #1f4e79; }
 
 QHeaderView::section {
-  background: #eef2f7; color: #3b556f; padding: 4px 6px;
+  background: #eef2f7; color: #3b556f; padding: 4px 3px;
   border: none; border-right: 1px solid #d8e0e9; border-bottom: 1px solid #d2dae4;
 }
 QHeaderView::section:hover { background: #e1e9f2; }
 
+QPushButton {
+  background: qlineargradient(x1:0, y1:0, x2:0, y2:1, stop:0 #ffffff, stop:1 #eff3f7);
+  border: 1px solid #bac6d3; border-radius: 4px; padding: 4px 12px; min-width: 44px;
+}
+QPushButton:hover { background: #e6eff9; border-color: #8fb3d9; }
+QPushButton:pressed { background: #d3e3f4; }
+QPushButton:focus { border-color: #2b6cb0; }
+QPushButton:disabled { background: #eef1f5; border-color: #d5dce4; color: #8a97a5; }
 QPushButton#PushButton_Apply {
-  background: #2b6cb0; border: 1px solid #245a94; border-radius: 4px; color: #ffffff;
-  padding: 5px 14px; font-weight: bold;
+  background: #2b6cb0; border-color: #245a94; color: #ffffff; font-weight: bold;
 }
 QPushButton#PushButton_Apply:hover { background: #3277bf; }
 QPushButton#PushButton_Apply:pressed { background: #245a94; }
-QPushButton#PushButton_Apply:focus { border: 2px solid #12385f; padding: 4px 13px; }
+QPushButton#PushButton_Apply:focus { border: 2px solid #12385f; padding: 3px 11px; }
 QPushButton#PushButton_Apply:disabled { background: #b9c6d3; border-color: #aebbc8; }
 
 QStatusBar { background: #eef2f7; border-top: 1px solid #d2dae4; }
@@ -103,12 +111,20 @@ void ApplyLook(QApplication& application) {
 }
 
 QIcon ProgramIcon() {
-  return QIcon(QCoreApplication::applicationDirPath() +
-               QLatin1String("/Images/tallowbrook.png"));
+  return QIcon(QCoreApplication::applicationDirPath() + QLatin1String("/Images/tallowbrook.png"));
+}
+
+QWidget* AddCard(QWidget* page) {
+  auto* column = new QVBoxLayout(page);
+  column->setContentsMargins(margin, margin, margin, margin);
+  auto* card = new QFrame(page);
+  card->setObjectName(QStringLiteral("Card"));
+  column->addWidget(card);
+  return card;
 }
 
 void FitDigits(QLineEdit* edit, int digits) {
-  const int frame = edit->sizeHint().height();
+  const int frame = edit->sizeHint().height() * 3 / 4;
   edit->setFixedWidth(edit->fontMetrics().horizontalAdvance(QLatin1Char('0')) * digits + frame);
 }
 

@@ -19,6 +19,8 @@ QIcon ProgramIcon();
 
 // A line just wide enough for some digits.
 void FitDigits(QLineEdit* edit, int digits);
+// A white card that fills the page; it gets its layout from whoever fills it.
+QWidget* AddCard(QWidget* page);
 // The widget leaves its place empty when it hides, so that nothing moves.
 template <typename Widget>
 Widget* KeepPlace(Widget* widget) {

@@ -16,6 +16,10 @@ class QuietCombo : public QComboBox {
     setMaxVisibleItems(14);
   }
 
+  // The toolkit keeps the least width of the time before the items came.
+  QSize minimumSizeHint() const override {
+    return sizeAdjustPolicy() == AdjustToContents ? sizeHint() : QComboBox::minimumSizeHint();
+  }
   void showPopup() override {
     if (!Locked()) QComboBox::showPopup();
   }

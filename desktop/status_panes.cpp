@@ -1,5 +1,6 @@
 #include "desktop/status_panes.h"
 
+#include <QHBoxLayout>
 #include <QStatusBar>
 
 #include "desktop/look.h"
@@ -12,7 +13,6 @@ StatusPane::StatusPane(QWidget* parent) : QLabel(parent) {
   setContentsMargins(spacing, 2, spacing, 2);
   // The text has no say in the width: a pane that grew would lay out the window anew.
   setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
-  setMinimumWidth(fontMetrics().averageCharWidth() * 24);
   setFixedHeight(fontMetrics().height() + 8);
 }
 
@@ -34,18 +34,26 @@ void StatusPane::Fit() {
 
 StatusPanes::StatusPanes(StatusBar& status, QStatusBar& bar)
     : status_(status),
-      message_(*new StatusPane(&bar)),
-      count_(*new StatusPane(&bar)),
+      row_(*new QWidget(&bar)),
+      message_(*new StatusPane(&row_)),
+      count_(*new StatusPane(&row_)),
       throttle_([this] { Show(); }) {
   message_.setObjectName(QStringLiteral("StatusPane0"));
   count_.setObjectName(QStringLiteral("StatusPane1"));
-  bar.addWidget(&message_, 1);
-  bar.addPermanentWidget(&count_);
+  auto* layout = new QHBoxLayout(&row_);
+  layout->setContentsMargins(0, 0, 0, 0);
+  layout->addWidget(&message_, 1);
+  layout->addWidget(&count_);
+  count_.setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+  count_.setFixedWidth(count_.fontMetrics().averageCharWidth() * 30);
+  bar.addWidget(&row_, 1);
   status_.changed = [this](std::size_t) { Changed(); };
   Show();
 }
 
-StatusPanes::~StatusPanes() { status_.changed = nullptr; }
+StatusPanes::~StatusPanes() {
+  status_.changed = nullptr;
+}
 
 void StatusPanes::Changed() {
   if (throttle_.Due()) {

@@ -43,6 +43,7 @@ class StatusPanes {
   void Changed();
 
   StatusBar& status_;
+  QWidget& row_;
   StatusPane& message_;
   StatusPane& count_;
   Throttle throttle_;

@@ -14,19 +14,29 @@ bool TurnsDirection(char16_t unit) {
   return (unit >= 0x202A && unit <= 0x202E) || (unit >= 0x2066 && unit <= 0x2069);
 }
 
-// The picture of a unit that would not show, or that would change how others show.
+// The picture of a unit that would not show, or that would change how others show. Only glyphs
+// that common fonts have.
 char16_t Picture(char16_t unit) {
-  if (unit < 0x20) return static_cast<char16_t>(0x2400 + unit);
-  if (unit == 0x7F) return 0x2421;
-  if (unit == 0x85 || unit == 0x2028 || unit == 0x2029) return 0x2424;
-  if ((unit > 0x7F && unit < 0xA0) || TurnsDirection(unit)) return replacement;
-  return unit;
+  switch (unit) {
+    case '\t':
+      return 0x21E5;
+    case '\n':
+    case '\r':
+    case 0x85:
+    case 0x2028:
+    case 0x2029:
+      return 0x21B5;
+    default:
+      return unit < 0x20 || (unit >= 0x7F && unit < 0xA0) || TurnsDirection(unit) ? replacement
+                                                                                  : unit;
+  }
 }
 
 }  // namespace
 
 QString ToText(std::string_view bytes) {
-  if (IsAscii(bytes)) return QString::fromLatin1(bytes.data(), static_cast<qsizetype>(bytes.size()));
+  if (IsAscii(bytes))
+    return QString::fromLatin1(bytes.data(), static_cast<qsizetype>(bytes.size()));
   QString text;
   text.reserve(static_cast<qsizetype>(bytes.size()));
   while (!bytes.empty()) {
@@ -73,7 +83,8 @@ QString VisibleText(std::string_view bytes) {
 }
 
 QString PlainToolTip(const QString& text) {
-  return text.isEmpty() ? text : QLatin1String("<qt>") + text.toHtmlEscaped() + QLatin1String("</qt>");
+  return text.isEmpty() ? text
+                        : QLatin1String("<qt>") + text.toHtmlEscaped() + QLatin1String("</qt>");
 }
 
 QString WithAccessKey(std::string_view caption, char key) {

@@ -16,7 +16,7 @@ QString ToText(std::string_view bytes);
 // The inverse. A surrogate that stands for no byte becomes U+FFFD.
 std::string ToBytes(QStringView text);
 
-// For reading only: control characters and line ends as their pictures, stray bytes and marks
+// For reading only: tabs and line ends as arrows; other control characters, stray bytes and marks
 // that turn the writing direction as replacement characters. Every character keeps its place.
 QString VisibleText(std::string_view bytes);
 // A tool tip that shows the text as it stands, whatever it looks like.

@@ -1,0 +1,48 @@
+#include "desktop/copy_move.h"
+
+#include <QCheckBox>
+#include <QGroupBox>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QVBoxLayout>
+
+#include "desktop/look.h"
+#include "desktop/text.h"
+
+namespace tallowbrook {
+
+QWidget* MakeCopyMovePanel(Form1& form, Binder& binder, QWidget* parent) {
+  RenameSettings& s = form.settings;
+  RenamePages& pages = form.pages;
+  auto* panel = new QGroupBox(WithAccessKey(pages.Frame_CopyMove.Caption(), 0), parent);
+  binder.BindPanel(pages.Frame_CopyMove, panel);
+  auto* column = new QVBoxLayout(panel);
+  column->setContentsMargins(margin, margin, margin, margin);
+  column->setSpacing(spacing);
+
+  QCheckBox* enable = binder.Add(s.Check_MoveEnable, panel, 'b');
+  enable->setToolTip(QStringLiteral("Copy or move each file once it has its new name"));
+  auto* method = new QHBoxLayout;
+  method->setSpacing(2 * spacing);
+  method->addWidget(binder.Add(s.Option_Copy, panel, 'c'));
+  method->addWidget(binder.Add(s.Option_Move, panel, 'm'));
+  method->addStretch();
+  QLineEdit* target = binder.Add(s.Txt_MoveTo, panel);
+  target->setToolTip(QStringLiteral("An existing folder"));
+  auto* head = new QHBoxLayout;
+  head->addWidget(binder.AddCaption(pages.Lbl_MoveTo, target));
+  head->addStretch();
+  if (pages.BrowseMoveTo.styled.rule) {
+    head->addWidget(binder.Add(pages.BrowseMoveTo.styled, panel, 'w'));
+  }
+  column->addWidget(enable);
+  column->addLayout(method);
+  column->addLayout(head);
+  column->addWidget(target);
+  return panel;
+}
+
+}  // namespace tallowbrook

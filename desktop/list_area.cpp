@@ -1,0 +1,159 @@
+#include "desktop/list_area.h"
+
+#include <QComboBox>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QLineEdit>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QStackedLayout>
+#include <QVBoxLayout>
+
+#include "desktop/look.h"
+
+namespace tallowbrook {
+
+namespace {
+
+QHBoxLayout* NewRow() {
+  auto* row = new QHBoxLayout;
+  row->setSpacing(spacing);
+  return row;
+}
+
+constexpr int groupGap = 12;
+
+}  // namespace
+
+ListArea::ListArea(Form1& form, Binder& binder, QWidget* parent)
+    : QWidget(parent), form_(form), progress_([this] { ShowProgress(); }) {
+  auto* column = new QVBoxLayout(this);
+  column->setContentsMargins(0, 0, 0, 0);
+  column->setSpacing(spacing);
+  column->addLayout(MakeAddressRow(binder));
+  column->addLayout(MakeFilterRow(binder));
+  column->addWidget(MakeTable(), 1);
+  column->addLayout(MakeCheckRow(binder));
+}
+
+QLayout* ListArea::MakeAddressRow(Binder& binder) {
+  ListPane& pane = form_.pane;
+  QHBoxLayout* row = NewRow();
+  address_ = binder.Add(pane.Txt_Address, this);
+  address_->installEventFilter(this);
+  row->addWidget(binder.AddCaption(pane.Txt_Address, address_, 'd'));
+  row->addWidget(address_, 1);
+  row->addSpacing(groupGap);
+  row->addWidget(new QLabel(QStringLiteral("Rename:"), this));
+  row->addWidget(binder.Add(pane.Option1_Files, this, 'i'));
+  row->addWidget(binder.Add(pane.Option1_Folders, this, 'o'));
+  return row;
+}
+
+QLayout* ListArea::MakeFilterRow(Binder& binder) {
+  ListPane& pane = form_.pane;
+  QHBoxLayout* row = NewRow();
+  filter_ = binder.Add(pane.Combo_Filter, this);
+  filter_->setMinimumContentsLength(14);
+  filter_->lineEdit()->setPlaceholderText(QStringLiteral("*.*"));
+  filter_->lineEdit()->installEventFilter(this);
+  row->addWidget(binder.AddCaption(pane.Lbl_Filename_Filter, filter_, 'l'));
+  row->addWidget(filter_);
+  row->addWidget(binder.Add(pane.Filter.styled, this));
+  row->addStretch();
+  row->addWidget(binder.Add(pane.ScanSub.styled, this, 's'));
+  return row;
+}
+
+// The table, and an empty page over it while the list is out of sight: nothing moves, and the
+// table keeps the focus.
+QWidget* ListArea::MakeTable() {
+  auto* place = new QWidget(this);
+  auto* pages = new QStackedLayout(place);
+  pages->setStackingMode(QStackedLayout::StackAll);
+  auto* table = new FileTable(form_.ListView1, place);
+  auto* blank = new QFrame(place);
+  blank->setObjectName(QStringLiteral("EmptyList"));
+  blank->setFrameShape(QFrame::StyledPanel);
+  blank->setBackgroundRole(QPalette::Base);
+  blank->setAutoFillBackground(true);
+  pages->addWidget(table);
+  pages->addWidget(blank);
+  const auto show = [this, pages] { pages->setCurrentIndex(form_.ListView1.Visible() ? 0 : 1); };
+  table->visibilityChanged = show;
+  show();
+
+  table->renamePressed = [this] { form_.OpenManualRename(); };
+  table->dropped = [this](const std::vector<std::string>& paths) { form_.scan.AddDropped(paths); };
+  table->focused = [this](bool has) { form_.ListHasFocus = has; };
+  return place;
+}
+
+QLayout* ListArea::MakeCheckRow(Binder& binder) {
+  ListPane& pane = form_.pane;
+  QHBoxLayout* row = NewRow();
+  row->addWidget(binder.Add(pane.SelectAll.styled, this, 'a'));
+  row->addWidget(binder.Add(pane.SelectNone.styled, this, 'n'));
+  row->addWidget(binder.Add(pane.SelectInverse.styled, this, 'v'));
+  row->addSpacing(groupGap);
+  const auto addNumber = [&](Label& caption, Text& field) {
+    QLineEdit* edit = binder.Add(field, this);
+    FitDigits(edit, 6);
+    row->addWidget(binder.AddCaption(caption, edit));
+    row->addWidget(edit);
+  };
+  addNumber(pane.Label7, pane.Text_StartCheck);
+  addNumber(pane.Label8, pane.Text_Step);
+  row->addStretch();
+  row->addWidget(MakeProgress(binder));
+  return row;
+}
+
+QWidget* ListArea::MakeProgress(Binder& binder) {
+  ListPane& pane = form_.pane;
+  auto* frame = KeepPlace(new QWidget(this));
+  binder.BindPanel(pane.Frame_Progress, frame);
+  QHBoxLayout* row = NewRow();
+  row->setContentsMargins(0, 0, 0, 0);
+  frame->setLayout(row);
+  bar_ = new QProgressBar(frame);
+  bar_->setTextVisible(false);
+  bar_->setFixedWidth(180);
+  bar_->setMaximumHeight(16);
+  binder.BindPanel(pane.ProgressBar, bar_);
+  binder.Watch(pane.ProgressBar, [this] { progress_.Touch(); });
+  row->addWidget(binder.AddCaption(pane.Frame_Progress, bar_));
+  row->addWidget(bar_);
+  row->addWidget(binder.Add(pane.PushButton_AbortScan, frame));
+  return frame;
+}
+
+// The bar counts in thousandths: it takes no number beyond 31 bits.
+void ListArea::ShowProgress() {
+  constexpr std::size_t whole = 1000;
+  const std::size_t maximum = form_.pane.ProgressMaximum;
+  bar_->setRange(0, whole);
+  bar_->setValue(maximum ? static_cast<int>(form_.pane.ProgressValue * whole / maximum) : 0);
+}
+
+bool ListArea::eventFilter(QObject* watched, QEvent* event) {
+  if (event->type() != QEvent::KeyPress) return QWidget::eventFilter(watched, event);
+  const int key = static_cast<QKeyEvent*>(event)->key();
+  if (watched == address_) return AddressKey(key);
+  if (key != Qt::Key_Return && key != Qt::Key_Enter) return false;
+  form_.pane.Filter.styled.Press();
+  return true;
+}
+
+bool ListArea::AddressKey(int key) {
+  if (key != Qt::Key_Return && key != Qt::Key_Enter) {
+    form_.scan.AddressKey();
+    return false;
+  }
+  form_.scan.AddressEnter();
+  address_->end(false);
+  return true;
+}
+
+}  // namespace tallowbrook

@@ -1,0 +1,41 @@
+// The main window: puts the regions together and hands the program what only a window can do.
+#pragma once
+
+#include <QMainWindow>
+#include <memory>
+#include <string>
+
+#include "desktop/binder.h"
+#include "desktop/status_panes.h"
+#include "shell/form1.h"
+
+class QSplitter;
+
+namespace tallowbrook {
+
+class MainWindow : public QMainWindow {
+ public:
+  // `files` and `home` are what the folder tree shows. `form` must outlive the window.
+  MainWindow(Form1& form, Files& files, const std::string& home);
+  ~MainWindow() override;
+
+ protected:
+  // Closing asks the program to end; it may want to stop a scan first.
+  void closeEvent(QCloseEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
+
+ private:
+  QWidget* MakeTop(Files& files, const std::string& home);
+  QLayout* MakeBottom();
+  QLayout* MakeButtons();
+  void WireForm();
+  void Unload();
+
+  Form1& form_;
+  Binder binder_;
+  QSplitter* splitter_ = nullptr;
+  std::unique_ptr<StatusPanes> status_;
+  bool unloaded_ = false;
+};
+
+}  // namespace tallowbrook

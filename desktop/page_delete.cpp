@@ -1,0 +1,47 @@
+// Page "Delete / Remove", read as one sentence.
+#include <QCheckBox>
+#include <QComboBox>
+#include <QLabel>
+#include <QVBoxLayout>
+
+#include "desktop/look.h"
+#include "desktop/pages.h"
+
+namespace tallowbrook {
+
+namespace {
+
+QLabel* Words(const char* text, QWidget* field) {
+  auto* label = new QLabel(QLatin1String(text), field->parentWidget());
+  label->setBuddy(field);
+  return label;
+}
+
+}  // namespace
+
+QWidget* MakeDeletePage(Form1& form, Binder& binder, QWidget* parent) {
+  RenameSettings& s = form.settings;
+  auto* page = new QWidget(parent);
+  auto* column = new QVBoxLayout(AddCard(page));
+  column->setContentsMargins(2 * margin, 2 * margin, 2 * margin, margin);
+  column->setSpacing(2 * spacing);
+
+  auto* sentence = new QHBoxLayout;
+  sentence->setSpacing(spacing);
+  QWidget* card = column->parentWidget();
+  QComboBox* count = binder.Add(s.Combo_RemoveChars, card);
+  QComboBox* position = binder.Add(s.Combo_RemoveStarting, card);
+  count->setToolTip(QStringLiteral("How many characters go"));
+  position->setToolTip(QStringLiteral("The first character that goes, counted from 1"));
+  sentence->addWidget(Words("&Remove", count));
+  sentence->addWidget(count);
+  sentence->addWidget(Words("character(s) starting from posi&tion", position));
+  sentence->addWidget(position);
+  sentence->addStretch();
+  column->addLayout(sentence);
+  column->addWidget(binder.Add(s.Check_StartFromLast, card, 'f'));
+  column->addStretch();
+  return page;
+}
+
+}  // namespace tallowbrook

@@ -1,0 +1,231 @@
+#include "desktop/page_properties.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QDropEvent>
+#include <QGridLayout>
+#include <QGroupBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMimeData>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+#include "desktop/look.h"
+
+namespace tallowbrook {
+
+PropertiesPage::PropertiesPage(Form1& form, Binder& binder, QWidget* parent)
+    : QWidget(parent), form_(form), binder_(binder), panels_(new QHBoxLayout) {
+  RenameSettings& s = form.settings;
+  auto* page = new QVBoxLayout(this);
+  page->setContentsMargins(margin, spacing, margin, margin);
+  page->setSpacing(spacing);
+  panels_->setSpacing(spacing);
+  page->addLayout(panels_, 1);
+  page->addLayout(MakeSampleRow());
+
+  prefix_ = MakeTextPanel(QStringLiteral("P&refix"), s.Check_Prefix, s.Text_Prefix);
+  filename_ = MakeFilenamePanel();
+  separator_ = MakeTextPanel(QStringLiteral("Separa&tor"), s.Check_Seperator, s.Text_Seperator);
+  unique_ = MakeUniquePanel();
+  suffix_ = MakeTextPanel(QStringLiteral("S&uffix"), s.Check_Suffix, s.Text_Suffix);
+  extension_ = MakeExtensionPanel();
+  binder.Watch(s.Check_UniqueFirst, [this] { ArrangePanels(); });
+  ArrangePanels();
+}
+
+QGroupBox* PropertiesPage::MakePanel(const QString& title) {
+  auto* panel = new QGroupBox(title, this);
+  auto* column = new QVBoxLayout(panel);
+  column->setContentsMargins(margin, margin, margin, margin);
+  column->setSpacing(spacing);
+  return panel;
+}
+
+QGroupBox* PropertiesPage::MakeTextPanel(const QString& title, Tick& include, Text& text) {
+  QGroupBox* panel = MakePanel(title);
+  auto* column = static_cast<QVBoxLayout*>(panel->layout());
+  column->addWidget(binder_.Add(include, panel));
+  QLineEdit* edit = binder_.Add(text, panel);
+  edit->setMinimumWidth(edit->fontMetrics().averageCharWidth() * 9);
+  column->addWidget(edit);
+  column->addStretch();
+  return panel;
+}
+
+QGroupBox* PropertiesPage::MakeFilenamePanel() {
+  QGroupBox* panel = MakePanel(QStringLiteral("&Filename"));
+  binder_.BindPanel(form_.pages.Frame_Filename, panel);
+  panel->setAcceptDrops(true);
+  panel->installEventFilter(this);
+  auto* column = static_cast<QVBoxLayout*>(panel->layout());
+  column->addWidget(binder_.Add(form_.settings.Check_Original, panel));
+  column->addWidget(binder_.Add(form_.settings.Combo_Original, panel));
+  QComboBox* name = binder_.Add(form_.settings.Combo_OriginalName, panel);
+  name->setMinimumContentsLength(10);
+  name->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+  column->addWidget(name);
+  column->addWidget(binder_.Add(form_.pages.ClearComboBoxName.styled, panel, 'h'));
+  column->addStretch();
+  return panel;
+}
+
+QGroupBox* PropertiesPage::MakeExtensionPanel() {
+  QGroupBox* panel = MakePanel(QStringLiteral("&Extension"));
+  auto* column = static_cast<QVBoxLayout*>(panel->layout());
+  column->addWidget(binder_.Add(form_.settings.Check_Extension, panel));
+  column->addWidget(binder_.Add(form_.settings.Combo_Extension, panel));
+  column->addWidget(binder_.Add(form_.settings.Text_Extension, panel));
+  column->addStretch();
+  return panel;
+}
+
+QGroupBox* PropertiesPage::MakeUniquePanel() {
+  RenameSettings& s = form_.settings;
+  QGroupBox* panel = MakePanel(QStringLiteral("Uni&que Parameter"));
+  auto* column = static_cast<QVBoxLayout*>(panel->layout());
+
+  auto* kind = new QHBoxLayout;
+  kind->setSpacing(spacing);
+  kind->addWidget(binder_.Add(s.Check_Unique, panel));
+  kind->addStretch();
+  kind->addWidget(binder_.Add(s.Combo_Unique, panel));
+  column->addLayout(kind);
+
+  auto* step = new QHBoxLayout;
+  step->setSpacing(spacing);
+  step->addWidget(binder_.Add(s.Combo_Direction, panel));
+  QLineEdit* increment = KeepPlace(binder_.Add(s.Text_UniqueIncrement, panel));
+  FitDigits(increment, 5);
+  step->addWidget(increment);
+  step->addWidget(KeepPlace(binder_.Add(s.Combo_DateInterval, panel)));
+  step->addStretch();
+  column->addLayout(step);
+
+  // Numbers and dates share one place.
+  auto* place = new QGridLayout;
+  place->addWidget(MakeNumbers(panel), 0, 0, Qt::AlignTop);
+  place->addWidget(MakeDates(panel), 0, 0, Qt::AlignTop);
+  column->addLayout(place);
+  column->addStretch();
+  return panel;
+}
+
+QWidget* PropertiesPage::MakeNumbers(QWidget* parent) {
+  RenameSettings& s = form_.settings;
+  auto* frame = KeepPlace(new QWidget(parent));
+  binder_.BindPanel(form_.pages.unique.Frame_Numbers, frame);
+  auto* grid = new QGridLayout(frame);
+  grid->setContentsMargins(0, 0, 0, 0);
+  grid->setSpacing(spacing);
+
+  QLineEdit* mask = binder_.Add(s.Text_UniqueMask, frame);
+  QLineEdit* start = binder_.Add(s.Text_UniqueStart, frame);
+  QCheckBox* uniqueOnly = KeepPlace(binder_.Add(s.Check_UniqueOnly, frame));
+  QLineEdit* randomTo = KeepPlace(binder_.Add(s.Txt_RandomTo, frame));
+  for (QLineEdit* edit : {mask, start, randomTo}) FitDigits(edit, 8);
+  grid->addWidget(binder_.AddCaption(s.Text_UniqueMask, mask), 0, 0);
+  grid->addWidget(mask, 0, 1);
+  grid->addWidget(binder_.AddCaption(s.Text_UniqueStart, start), 0, 2);
+  grid->addWidget(start, 0, 3);
+  grid->addWidget(uniqueOnly, 1, 0, 1, 2);
+  grid->addWidget(KeepPlace(binder_.AddCaption(form_.pages.unique.Lbl_RandomTo, randomTo)), 1, 2);
+  grid->addWidget(randomTo, 1, 3);
+  grid->setColumnStretch(4, 1);
+  return frame;
+}
+
+QWidget* PropertiesPage::MakeDates(QWidget* parent) {
+  RenameSettings& s = form_.settings;
+  auto* frame = KeepPlace(new QWidget(parent));
+  binder_.BindPanel(form_.pages.unique.Frame_Date, frame);
+  auto* column = new QVBoxLayout(frame);
+  column->setContentsMargins(0, 0, 0, 0);
+  column->setSpacing(spacing);
+
+  auto* start = new QHBoxLayout;
+  start->setSpacing(spacing);
+  QComboBox* month = binder_.Add(s.Combo_UniqueDateStart0, frame);
+  start->addWidget(binder_.AddCaption(s.Combo_UniqueDateStart0, month));
+  start->addWidget(month);
+  start->addWidget(binder_.Add(s.Combo_UniqueDateStart1, frame));
+  QComboBox* year = binder_.Add(s.Combo_UniqueDateStart2, frame);
+  year->setMinimumContentsLength(5);
+  start->addWidget(year);
+  start->addStretch();
+  column->addLayout(start);
+
+  auto* form = new QHBoxLayout;
+  form->setSpacing(spacing);
+  const auto addText = [&](Text& text) {
+    QLineEdit* edit = binder_.Add(text, frame);
+    FitDigits(edit, 1);
+    edit->setToolTip(QStringLiteral("Stands between the parts of the date"));
+    form->addWidget(edit);
+  };
+  form->addWidget(binder_.Add(s.Combo_UniqueDate0, frame));
+  addText(s.Text_UniqueDate1);
+  form->addWidget(binder_.Add(s.Combo_UniqueDate1, frame));
+  addText(s.Text_UniqueDate2);
+  form->addWidget(binder_.Add(s.Combo_UniqueDate2, frame));
+  form->addStretch();
+  column->addLayout(form);
+  return frame;
+}
+
+QLayout* PropertiesPage::MakeSampleRow() {
+  auto* row = new QHBoxLayout;
+  row->setSpacing(spacing);
+  row->addWidget(binder_.Add(form_.settings.Check_UniqueFirst, this));
+  row->addSpacing(24);
+  row->addWidget(binder_.Add(form_.pages.Label3, this));
+  QLabel* sample = binder_.Add(form_.pages.Label_SampleFileName, this);
+  QFont bold = sample->font();
+  bold.setBold(true);
+  sample->setFont(bold);
+  sample->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+  sample->setTextInteractionFlags(Qt::TextSelectableByMouse);
+  row->addWidget(sample, 1);
+  return row;
+}
+
+void PropertiesPage::ArrangePanels() {
+  const bool uniqueFirst = form_.settings.Check_UniqueFirst.On();
+  const std::vector<QGroupBox*> order =
+      uniqueFirst ? std::vector{prefix_, unique_, separator_, filename_, suffix_, extension_}
+                  : std::vector{prefix_, filename_, separator_, unique_, suffix_, extension_};
+  for (QGroupBox* panel : order) panels_->removeWidget(panel);
+  for (QGroupBox* panel : order) panels_->addWidget(panel, panel == unique_ ? 0 : 1);
+  ArrangeTabs(order);
+}
+
+// The tab key follows the panels from left to right, then goes to the row below them.
+void PropertiesPage::ArrangeTabs(const std::vector<QGroupBox*>& order) {
+  std::vector<QWidget*> chain;
+  for (const QGroupBox* panel : order) {
+    std::vector<QWidget*> inside;
+    for (QWidget* next = panel->nextInFocusChain(); next != panel;
+         next = next->nextInFocusChain()) {
+      if (panel->isAncestorOf(next) && next->focusPolicy() & Qt::TabFocus) inside.push_back(next);
+    }
+    chain.insert(chain.end(), inside.begin(), inside.end());
+  }
+  if (auto* last = findChild<QCheckBox*>(QStringLiteral("Check_UniqueFirst"))) {
+    chain.push_back(last);
+  }
+  for (std::size_t at = 1; at < chain.size(); ++at) setTabOrder(chain[at - 1], chain[at]);
+}
+
+bool PropertiesPage::eventFilter(QObject* watched, QEvent* event) {
+  if (event->type() != QEvent::DragEnter && event->type() != QEvent::Drop) {
+    return QWidget::eventFilter(watched, event);
+  }
+  auto* drop = static_cast<QDropEvent*>(event);
+  if (!drop->mimeData()->hasText()) return false;
+  drop->acceptProposedAction();
+  if (event->type() == QEvent::Drop) form_.pages.ClearFilenameHistory();
+  return true;
+}
+
+}  // namespace tallowbrook

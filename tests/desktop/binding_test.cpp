@@ -1,0 +1,242 @@
+// Each kind of control with a real widget: what the user does reaches the control once, what code
+// sets shows and isn't handed back.
+#include "desktop/binding.h"
+
+#include <gtest/gtest.h>
+
+#include <QAbstractItemView>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QDateEdit>
+#include <QGroupBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QTest>
+
+#include "desktop/binder.h"
+
+namespace tallowbrook {
+
+class BindingTest : public testing::Test {
+ protected:
+  // Counts how often the rule of a control runs.
+  int& Count(Control& control) {
+    int& count = counts_[&control];
+    control.rule = [&count] { ++count; };
+    return count;
+  }
+  void Show() {
+    window.show();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&window));
+  }
+
+  Screen screen;
+  QWidget window;
+  Binder binder{screen};
+
+ private:
+  std::map<Control*, int> counts_;
+};
+
+TEST_F(BindingTest, ATickFollowsBothWays) {
+  Tick tick(screen, {.name = "Check", .caption = "In&clude", .tip = "<b>"}, 0);
+  int& rules = Count(tick);
+  QCheckBox* box = binder.Add(tick, &window, 'i');
+  EXPECT_EQ(box->objectName(), QStringLiteral("Check"));
+  EXPECT_EQ(box->text(), QStringLiteral("&In&&clude"));
+  EXPECT_EQ(box->toolTip(), QStringLiteral("<qt>&lt;b&gt;</qt>"));
+  box->click();
+  EXPECT_EQ(tick.Value(), 1);
+  EXPECT_EQ(rules, 1);
+  tick.Set(0);
+  EXPECT_FALSE(box->isChecked());
+  EXPECT_EQ(rules, 2);
+}
+
+TEST_F(BindingTest, ATextKeepsItsBytesAndItsCaret) {
+  Text text(screen, {.name = "Text"},
+            "a\xFF"
+            "b");
+  int& rules = Count(text);
+  QLineEdit* edit = binder.Add(text, &window);
+  edit->setCursorPosition(1);
+  QTest::keyClicks(edit, QStringLiteral("x"));
+  EXPECT_EQ(text.Value(),
+            "ax\xFF"
+            "b");
+  EXPECT_EQ(rules, 1);
+  EXPECT_EQ(edit->cursorPosition(), 2);
+  text.Set("axyz");
+  EXPECT_EQ(edit->text(), QStringLiteral("axyz"));
+  EXPECT_EQ(edit->cursorPosition(), 2);
+  EXPECT_EQ(rules, 2);
+}
+
+TEST_F(BindingTest, ARuleMayCorrectWhatIsTyped) {
+  Text text(screen, {.name = "Text"}, "1");
+  text.rule = [&] {
+    if (text.Value().empty()) text.Set("0");
+  };
+  QLineEdit* edit = binder.Add(text, &window);
+  edit->clear();
+  EXPECT_EQ(edit->text(), QStringLiteral("0"));
+}
+
+TEST_F(BindingTest, AListShowsItemsAndSelectionAsTheyCome) {
+  List list(screen, {.name = "List"});
+  int& rules = Count(list);
+  QComboBox* box = binder.Add(list, &window);
+  list.SetItems({"one", "two", "three"});
+  EXPECT_EQ(box->count(), 3);
+  EXPECT_EQ(box->currentIndex(), -1);
+  list.Select(1);
+  EXPECT_EQ(box->currentText(), QStringLiteral("two"));
+  EXPECT_EQ(rules, 1);
+  Show();
+  box->setFocus();
+  QTest::keyClick(box, Qt::Key_Down);
+  EXPECT_EQ(list.Index(), 2);
+  EXPECT_EQ(rules, 2);
+  list.rule = [&] { list.Select(0); };
+  QTest::keyClick(box, Qt::Key_Up);
+  EXPECT_EQ(box->currentIndex(), 0) << "a rule that takes the choice back";
+}
+
+TEST_F(BindingTest, AHistoryIsTypedIntoAndPickedFrom) {
+  History history(screen, {.name = "History"}, "first");
+  int& rules = Count(history);
+  QComboBox* box = binder.Add(history, &window);
+  history.SetItems({"new", "old"});
+  EXPECT_EQ(box->currentText(), QStringLiteral("first")) << "items leave the text alone";
+  QTest::keyClicks(box->lineEdit(), QStringLiteral("!"));
+  EXPECT_EQ(history.Value(), "first!");
+  EXPECT_EQ(rules, 1);
+  history.SetItems({"newer", "new", "old"});
+  EXPECT_EQ(box->currentText(), QStringLiteral("first!"));
+  box->setCurrentIndex(2);
+  EXPECT_EQ(history.Value(), "old");
+  EXPECT_EQ(rules, 2);
+}
+
+TEST_F(BindingTest, AReadOnlyHistoryTakesNeitherTypingNorPicking) {
+  History history(screen, {.name = "History"}, "shown");
+  history.SetItems({"a", "b"});
+  QComboBox* box = binder.Add(history, &window);
+  history.SetReadOnly(true);
+  QTest::keyClicks(box->lineEdit(), QStringLiteral("x"));
+  QTest::keyClick(box, Qt::Key_Down);
+  box->showPopup();
+  EXPECT_EQ(history.Value(), "shown");
+  EXPECT_FALSE(box->view()->isVisible());
+}
+
+TEST_F(BindingTest, ProposalsMayChangeWithEveryKey) {
+  FreeList field(screen, {.name = "Combo"});
+  field.rule = [&] { field.SetItems({field.Value() + "1", field.Value() + "2"}); };
+  QComboBox* box = binder.Add(field, &window);
+  QTest::keyClicks(box->lineEdit(), QStringLiteral("abc"));
+  EXPECT_EQ(field.Value(), "abc");
+  EXPECT_EQ(box->currentText(), QStringLiteral("abc"));
+  EXPECT_EQ(box->itemText(1), QStringLiteral("abc2"));
+}
+
+TEST_F(BindingTest, OneOptionOfAGroupIsOn) {
+  Option files(screen, {.name = "Files", .caption = "Files"}, "View", true);
+  Option folders(screen, {.name = "Folders", .caption = "Folders"}, "View");
+  Option other(screen, {.name = "Other", .caption = "Other"}, "Else", true);
+  int& rules = Count(folders);
+  QRadioButton* filesButton = binder.Add(files, &window);
+  QRadioButton* foldersButton = binder.Add(folders, &window);
+  QRadioButton* otherButton = binder.Add(other, &window);
+  foldersButton->click();
+  EXPECT_TRUE(folders.On());
+  EXPECT_EQ(rules, 1);
+  EXPECT_FALSE(filesButton->isChecked());
+  EXPECT_TRUE(otherButton->isChecked());
+  files.Choose();
+  EXPECT_TRUE(filesButton->isChecked());
+  EXPECT_FALSE(foldersButton->isChecked());
+  EXPECT_EQ(rules, 1);
+}
+
+TEST_F(BindingTest, ADateKeepsItsTimeOfDay) {
+  DateField date(screen, {.name = "Date"}, *MakeDate({2005, 9, 11, 7, 1, 2}));
+  QDateEdit* edit = binder.Add(date, &window);
+  EXPECT_EQ(edit->date(), QDate(2005, 9, 11));
+  edit->setDate(QDate(2024, 2, 29));
+  EXPECT_EQ(date.Value(), *MakeDate({2024, 2, 29, 7, 1, 2}));
+  date.Set(*MakeDate({1601, 1, 1, 0, 0, 0}));
+  EXPECT_EQ(edit->date(), QDate(1601, 1, 1));
+}
+
+TEST_F(BindingTest, AButtonPressesAndShowsItsCaption) {
+  Button button(screen, {.name = "Push", .caption = "Scan"});
+  int& rules = Count(button);
+  QPushButton* push = binder.Add(button, &window, 's');
+  push->click();
+  EXPECT_EQ(rules, 1);
+  button.SetCaption("Stop Scan");
+  EXPECT_EQ(push->text(), QStringLiteral("&Stop Scan"));
+  button.SetEnabled(false);
+  push->click();
+  EXPECT_EQ(rules, 1);
+}
+
+TEST_F(BindingTest, LabelsShowTextFromFilesAsPlainText) {
+  Label label(screen, {.name = "Label"});
+  QLabel* shown = binder.Add(label, &window);
+  label.SetCaption("<img src=x> & \n");
+  EXPECT_EQ(shown->textFormat(), Qt::PlainText);
+  EXPECT_EQ(shown->text(), QStringLiteral("<img src=x> & \u21B5"));
+}
+
+TEST_F(BindingTest, LookFollowsAndHiddenPlacesComeBack) {
+  Text text(screen, {.name = "Text", .caption = "Mask"});
+  Frame frame(screen, {.name = "Frame"}, false);
+  auto* panel = new QGroupBox(&window);
+  binder.BindPanel(frame, panel);
+  QLineEdit* edit = binder.Add(text, panel);
+  QLabel* caption = binder.AddCaption(text, edit, 'm');
+  Show();
+  EXPECT_FALSE(panel->isVisible());
+  EXPECT_FALSE(edit->isWindow());
+  frame.SetVisible(true);
+  EXPECT_TRUE(edit->isVisible());
+  text.SetVisible(false);
+  EXPECT_FALSE(edit->isVisible());
+  EXPECT_FALSE(caption->isVisible());
+  text.SetVisible(true);
+  EXPECT_TRUE(edit->isVisible());
+  text.SetEnabled(false);
+  EXPECT_FALSE(edit->isEnabled());
+  EXPECT_FALSE(caption->isEnabled());
+  text.SetReadOnly(true);
+  EXPECT_TRUE(edit->isReadOnly());
+}
+
+TEST_F(BindingTest, TheModelMayAskForTheFocus) {
+  Text first(screen, {.name = "First"}, "abc");
+  Text second(screen, {.name = "Second"}, "abc");
+  QLineEdit* firstEdit = binder.Add(first, &window);
+  QLineEdit* secondEdit = binder.Add(second, &window);
+  binder.AddCaption(second, secondEdit);
+  Show();
+  window.activateWindow();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+  firstEdit->setFocus();
+  screen.RequestFocus(second);
+  EXPECT_TRUE(secondEdit->hasFocus());
+  EXPECT_EQ(secondEdit->cursorPosition(), 3);
+  EXPECT_FALSE(secondEdit->hasSelectedText());
+}
+
+TEST_F(BindingTest, AChangeBehindAWidgetsEndIsHarmless) {
+  Text text(screen, {.name = "Text"});
+  delete binder.Add(text, &window);
+  text.Set("x");
+  EXPECT_EQ(text.Value(), "x");
+}
+
+}  // namespace tallowbrook

@@ -1,0 +1,51 @@
+// A guided tour: the window driven as a user drives it, by clicks and keys, with a picture of each
+// step and a look at the disk after each run.
+#pragma once
+
+#include <QString>
+#include <map>
+#include <string>
+#include <vector>
+
+#include "desktop/main_window.h"
+#include "shell/form1.h"
+#include "tour/sample_files.h"
+
+namespace tallowbrook {
+
+class Tour {
+ public:
+  // Pictures are saved in the folder `pictures`, which exists.
+  Tour(Form1& form, MainWindow& window, const SampleFiles& samples, QString pictures);
+
+  // All steps. Throws std::runtime_error with what is wrong if the disk isn't what the preview
+  // said, or if a step finds no control to act on.
+  void Run();
+
+ private:
+  // What a user does.
+  QWidget* Find(const char* name) const;
+  void Click(const char* name);
+  void Type(const char* name, const QString& text);
+  void Pick(const char* name, int steps);
+  void TurnToPage(int number);
+  void TypeAddress();
+  void ClickFolder();
+
+  // A preview, an apply and the checks behind them.
+  void Rename(const char* title);
+  std::map<std::string, std::string> PreviewedNames() const;
+  void CheckDisk(const std::map<std::string, std::string>& names) const;
+  void PrintNewRecords();
+
+  void Picture(const char* what);
+
+  Form1& form_;
+  MainWindow& window_;
+  const SampleFiles& samples_;
+  QString pictures_;
+  int pictureCount_ = 0;
+  std::size_t logSeen_ = 0;
+};
+
+}  // namespace tallowbrook
