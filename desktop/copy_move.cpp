@@ -24,14 +24,12 @@ QWidget* MakeCopyMovePanel(Form1& form, Binder& binder, QWidget* parent) {
   column->setSpacing(spacing);
 
   QCheckBox* enable = binder.Add(s.Check_MoveEnable, panel, 'b');
-  enable->setToolTip(QStringLiteral("Copy or move each file once it has its new name"));
   auto* method = new QHBoxLayout;
   method->setSpacing(2 * spacing);
   method->addWidget(binder.Add(s.Option_Copy, panel, 'c'));
   method->addWidget(binder.Add(s.Option_Move, panel, 'm'));
   method->addStretch();
   QLineEdit* target = binder.Add(s.Txt_MoveTo, panel);
-  target->setToolTip(QStringLiteral("An existing folder"));
   auto* head = new QHBoxLayout;
   head->addWidget(binder.AddCaption(pages.Lbl_MoveTo, target));
   head->addStretch();

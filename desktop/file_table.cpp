@@ -105,9 +105,8 @@ void FileTable::SortBy(int section) {
   model_.Sync();
   QGuiApplication::restoreOverrideCursor();
   horizontalHeader()->setSortIndicatorShown(true);
-  ascending_ = !ascending_;
-  horizontalHeader()->setSortIndicator(section,
-                                       ascending_ ? Qt::AscendingOrder : Qt::DescendingOrder);
+  horizontalHeader()->setSortIndicator(
+      section, model_.List().SortsAscending() ? Qt::AscendingOrder : Qt::DescendingOrder);
 }
 
 void FileTable::keyPressEvent(QKeyEvent* event) {

@@ -40,7 +40,6 @@ class FileTable : public QTableView {
   void RestoreHighlights();
 
   FileTableModel model_;
-  bool ascending_ = true;  // as the list's own order: every click on any header turns it
 };
 
 }  // namespace tallowbrook

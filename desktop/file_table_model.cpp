@@ -18,7 +18,7 @@ struct Shade {
 
 const Shade& ShadeOf(RowColour colour) {
   static const Shade shades[] = {
-      {RowColour::Plain, {}, {}},
+      {RowColour::Plain, {0, 0, 0}, {}},
       {RowColour::Done, {0, 0, 255}, {}},
       {RowColour::Failed, {255, 0, 0}, {}},
       {RowColour::Skipped, {224, 224, 224}, {112, 122, 138}},

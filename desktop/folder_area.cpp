@@ -25,7 +25,7 @@ FolderArea::FolderArea(Form1& form, Files& files, const std::string& home, Binde
 
   tree_.folderSelected = [this](const std::string& path) {
     form_.scan.SelectFolder(path);
-    // A folder that is gone, or a fill that was merely stopped, leaves another one selected.
+    // A folder that is gone leaves the one before selected.
     ShowSelected();
   };
   binder.Watch(form.pane.FolderTreeview1, [this] { ShowSelected(); });

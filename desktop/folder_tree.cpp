@@ -19,6 +19,15 @@ FolderTree::FolderTree(Files& files, const std::string& home, std::string_view c
   header()->setStretchLastSection(false);
   header()->setSectionResizeMode(QHeaderView::ResizeToContents);
   setHorizontalScrollMode(ScrollPerPixel);
+  // A click on the folder that is selected already lists it again.
+  connect(this, &QTreeView::clicked, this, [this](const QModelIndex& index) {
+    if (!justSelected_) Report(model_.PathOf(index));
+  });
+}
+
+void FolderTree::mousePressEvent(QMouseEvent* event) {
+  justSelected_ = false;
+  QTreeView::mousePressEvent(event);
 }
 
 void FolderTree::ShowFolder(std::string_view path) {
@@ -71,7 +80,12 @@ void FolderTree::selectionChanged(const QItemSelection& selected,
   QTreeView::selectionChanged(selected, deselected);
   const std::string path = SelectedPath();
   if (showing_ || path.empty()) return;
-  // A scan lets events through: it must not begin inside this view's own event.
+  justSelected_ = true;
+  Report(path);
+}
+
+// A scan lets events through: it must not begin inside this view's own event.
+void FolderTree::Report(const std::string& path) {
   QTimer::singleShot(0, this, [this, path] {
     if (folderSelected) folderSelected(path);
   });

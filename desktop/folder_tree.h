@@ -28,13 +28,16 @@ class FolderTree : public QTreeView {
   void selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) override;
   void resizeEvent(QResizeEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
+  void mousePressEvent(QMouseEvent* event) override;
 
  private:
+  void Report(const std::string& path);
   std::string SelectedPath() const;
   std::vector<std::string> OpenFolders(const QModelIndex& below) const;
 
   FolderTreeModel model_;
   bool showing_ = false;
+  bool justSelected_ = false;  // by the click that is going on
 };
 
 }  // namespace tallowbrook

@@ -18,7 +18,9 @@ namespace tallowbrook {
 namespace {
 
 QGroupBox* MakeTypePanel(Form1& form, Binder& binder, QWidget* page) {
-  auto* panel = new QGroupBox(QStringLiteral("Update Type"), page);
+  Frame& frame = form.pages.Frame_UpdateType;
+  auto* panel = new QGroupBox(WithAccessKey(frame.Caption(), 0), page);
+  binder.BindPanel(frame, panel);
   auto* column = new QVBoxLayout(panel);
   column->setContentsMargins(margin, margin, margin, margin);
   column->setSpacing(spacing);
@@ -36,11 +38,8 @@ QGroupBox* MakeMaskPanel(Form1& form, Binder& binder, QWidget* page) {
   column->setContentsMargins(margin, margin, margin, margin);
   column->setSpacing(spacing);
   QLineEdit* mask = binder.Add(form.settings.RTxt_Unique_Other, panel);
-  mask->setToolTip(QStringLiteral("Keywords in angle brackets become facts of the file"));
   column->addWidget(mask);
-  auto* example = new QLabel(panel);
-  example->setTextFormat(Qt::PlainText);
-  example->setText(QStringLiteral("Example: <filename> - <m>-<d>-<yy> - <folder>.<ext>"));
+  QLabel* example = binder.Add(form.pages.Label_AdvancedExample, panel);
   example->setForegroundRole(QPalette::PlaceholderText);
   column->addWidget(example);
   column->addStretch();

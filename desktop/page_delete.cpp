@@ -9,16 +9,6 @@
 
 namespace tallowbrook {
 
-namespace {
-
-QLabel* Words(const char* text, QWidget* field) {
-  auto* label = new QLabel(QLatin1String(text), field->parentWidget());
-  label->setBuddy(field);
-  return label;
-}
-
-}  // namespace
-
 QWidget* MakeDeletePage(Form1& form, Binder& binder, QWidget* parent) {
   RenameSettings& s = form.settings;
   auto* page = new QWidget(parent);
@@ -31,11 +21,9 @@ QWidget* MakeDeletePage(Form1& form, Binder& binder, QWidget* parent) {
   QWidget* card = column->parentWidget();
   QComboBox* count = binder.Add(s.Combo_RemoveChars, card);
   QComboBox* position = binder.Add(s.Combo_RemoveStarting, card);
-  count->setToolTip(QStringLiteral("How many characters go"));
-  position->setToolTip(QStringLiteral("The first character that goes, counted from 1"));
-  sentence->addWidget(Words("&Remove", count));
+  sentence->addWidget(binder.AddCaption(s.Combo_RemoveChars, count, 'r'));
   sentence->addWidget(count);
-  sentence->addWidget(Words("character(s) starting from posi&tion", position));
+  sentence->addWidget(binder.AddCaption(s.Combo_RemoveStarting, position, 't'));
   sentence->addWidget(position);
   sentence->addStretch();
   column->addLayout(sentence);

@@ -11,7 +11,9 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
+#include "desktop/elided_label.h"
 #include "desktop/look.h"
+#include "desktop/text.h"
 
 namespace tallowbrook {
 
@@ -25,26 +27,28 @@ PropertiesPage::PropertiesPage(Form1& form, Binder& binder, QWidget* parent)
   page->addLayout(panels_, 1);
   page->addLayout(MakeSampleRow());
 
-  prefix_ = MakeTextPanel(QStringLiteral("P&refix"), s.Check_Prefix, s.Text_Prefix);
+  RenamePages& pages = form.pages;
+  prefix_ = MakeTextPanel(pages.Frame_Prefix, 'r', s.Check_Prefix, s.Text_Prefix);
   filename_ = MakeFilenamePanel();
-  separator_ = MakeTextPanel(QStringLiteral("Separa&tor"), s.Check_Seperator, s.Text_Seperator);
+  separator_ = MakeTextPanel(pages.Frame_Separator, 't', s.Check_Seperator, s.Text_Seperator);
   unique_ = MakeUniquePanel();
-  suffix_ = MakeTextPanel(QStringLiteral("S&uffix"), s.Check_Suffix, s.Text_Suffix);
+  suffix_ = MakeTextPanel(pages.Frame_Suffix, 'u', s.Check_Suffix, s.Text_Suffix);
   extension_ = MakeExtensionPanel();
   binder.Watch(s.Check_UniqueFirst, [this] { ArrangePanels(); });
   ArrangePanels();
 }
 
-QGroupBox* PropertiesPage::MakePanel(const QString& title) {
-  auto* panel = new QGroupBox(title, this);
+QGroupBox* PropertiesPage::MakePanel(Frame& frame, char accessKey) {
+  auto* panel = new QGroupBox(WithAccessKey(frame.Caption(), accessKey), this);
+  binder_.BindPanel(frame, panel);
   auto* column = new QVBoxLayout(panel);
   column->setContentsMargins(margin, margin, margin, margin);
   column->setSpacing(spacing);
   return panel;
 }
 
-QGroupBox* PropertiesPage::MakeTextPanel(const QString& title, Tick& include, Text& text) {
-  QGroupBox* panel = MakePanel(title);
+QGroupBox* PropertiesPage::MakeTextPanel(Frame& frame, char accessKey, Tick& include, Text& text) {
+  QGroupBox* panel = MakePanel(frame, accessKey);
   auto* column = static_cast<QVBoxLayout*>(panel->layout());
   column->addWidget(binder_.Add(include, panel));
   QLineEdit* edit = binder_.Add(text, panel);
@@ -55,8 +59,7 @@ QGroupBox* PropertiesPage::MakeTextPanel(const QString& title, Tick& include, Te
 }
 
 QGroupBox* PropertiesPage::MakeFilenamePanel() {
-  QGroupBox* panel = MakePanel(QStringLiteral("&Filename"));
-  binder_.BindPanel(form_.pages.Frame_Filename, panel);
+  QGroupBox* panel = MakePanel(form_.pages.Frame_Filename, 'f');
   panel->setAcceptDrops(true);
   panel->installEventFilter(this);
   auto* column = static_cast<QVBoxLayout*>(panel->layout());
@@ -72,7 +75,7 @@ QGroupBox* PropertiesPage::MakeFilenamePanel() {
 }
 
 QGroupBox* PropertiesPage::MakeExtensionPanel() {
-  QGroupBox* panel = MakePanel(QStringLiteral("&Extension"));
+  QGroupBox* panel = MakePanel(form_.pages.Frame_Extension, 'e');
   auto* column = static_cast<QVBoxLayout*>(panel->layout());
   column->addWidget(binder_.Add(form_.settings.Check_Extension, panel));
   column->addWidget(binder_.Add(form_.settings.Combo_Extension, panel));
@@ -83,7 +86,7 @@ QGroupBox* PropertiesPage::MakeExtensionPanel() {
 
 QGroupBox* PropertiesPage::MakeUniquePanel() {
   RenameSettings& s = form_.settings;
-  QGroupBox* panel = MakePanel(QStringLiteral("Uni&que Parameter"));
+  QGroupBox* panel = MakePanel(form_.pages.Frame_Unique, 'q');
   auto* column = static_cast<QVBoxLayout*>(panel->layout());
 
   auto* kind = new QHBoxLayout;
@@ -161,7 +164,6 @@ QWidget* PropertiesPage::MakeDates(QWidget* parent) {
   const auto addText = [&](Text& text) {
     QLineEdit* edit = binder_.Add(text, frame);
     FitDigits(edit, 1);
-    edit->setToolTip(QStringLiteral("Stands between the parts of the date"));
     form->addWidget(edit);
   };
   form->addWidget(binder_.Add(s.Combo_UniqueDate0, frame));
@@ -180,13 +182,16 @@ QLayout* PropertiesPage::MakeSampleRow() {
   row->addWidget(binder_.Add(form_.settings.Check_UniqueFirst, this));
   row->addSpacing(24);
   row->addWidget(binder_.Add(form_.pages.Label3, this));
-  QLabel* sample = binder_.Add(form_.pages.Label_SampleFileName, this);
-  QFont bold = sample->font();
+  const Label& sample = form_.pages.Label_SampleFileName;
+  auto* shown = new ElidedLabel(this);
+  shown->setObjectName(ToText(sample.Name()));
+  QFont bold = shown->font();
   bold.setBold(true);
-  sample->setFont(bold);
-  sample->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
-  sample->setTextInteractionFlags(Qt::TextSelectableByMouse);
-  row->addWidget(sample, 1);
+  shown->setFont(bold);
+  const auto show = [shown, &sample] { shown->ShowText(sample.Caption()); };
+  binder_.Watch(sample, show);
+  show();
+  row->addWidget(shown, 1);
   return row;
 }
 

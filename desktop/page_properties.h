@@ -23,8 +23,8 @@ class PropertiesPage : public QWidget {
   bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
-  QGroupBox* MakePanel(const QString& title);
-  QGroupBox* MakeTextPanel(const QString& title, Tick& include, Text& text);
+  QGroupBox* MakePanel(Frame& frame, char accessKey);
+  QGroupBox* MakeTextPanel(Frame& frame, char accessKey, Tick& include, Text& text);
   QGroupBox* MakeFilenamePanel();
   QGroupBox* MakeExtensionPanel();
   QGroupBox* MakeUniquePanel();

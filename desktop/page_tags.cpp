@@ -5,23 +5,31 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QVBoxLayout>
+#include <utility>
 
 #include "desktop/look.h"
 #include "desktop/pages.h"
+#include "desktop/text.h"
 
 namespace tallowbrook {
 
 namespace {
 
-// Tells the pages of each key that is released in the mask.
+// Tells the pages of each key that was pressed and is released in the mask. A key that is held
+// counts once, and the Enter that closed a box over the mask doesn't.
 class MaskKeys : public QObject {
  public:
   MaskKeys(RenamePages& pages, QObject* parent) : QObject(parent), pages_(pages) {}
 
  protected:
   bool eventFilter(QObject*, QEvent* event) override {
-    if (event->type() == QEvent::KeyRelease) {
-      const int key = static_cast<QKeyEvent*>(event)->key();
+    if (event->type() != QEvent::KeyPress && event->type() != QEvent::KeyRelease) return false;
+    const auto& keyEvent = static_cast<const QKeyEvent&>(*event);
+    if (keyEvent.isAutoRepeat()) return false;
+    const int key = keyEvent.key();
+    if (event->type() == QEvent::KeyPress) {
+      pressed_ = key;
+    } else if (std::exchange(pressed_, 0) == key) {
       pages_.TagMaskKeyReleased(key == Qt::Key_Return || key == Qt::Key_Enter);
     }
     return false;
@@ -29,6 +37,7 @@ class MaskKeys : public QObject {
 
  private:
   RenamePages& pages_;
+  int pressed_ = 0;
 };
 
 }  // namespace
@@ -38,18 +47,16 @@ QWidget* MakeTagsPage(Form1& form, Binder& binder, QWidget* parent) {
   auto* page = new QWidget(parent);
   auto* outer = new QVBoxLayout(page);
   outer->setContentsMargins(margin, spacing, margin, margin);
-  auto* panel = new QGroupBox(QStringLiteral("New &File Name"), page);
+  auto* panel = new QGroupBox(WithAccessKey(form.pages.Frame_ID3.Caption(), 'f'), page);
+  binder.BindPanel(form.pages.Frame_ID3, panel);
   outer->addWidget(panel);
   auto* column = new QVBoxLayout(panel);
   column->setContentsMargins(margin, margin, margin, margin);
   column->setSpacing(spacing);
 
   QLineEdit* mask = binder.Add(s.RTxt_ID3Name, panel);
-  mask->setToolTip(QStringLiteral("Keywords in angle brackets become the tag's texts"));
   mask->installEventFilter(new MaskKeys(form.pages, mask));
-  auto* example = new QLabel(panel);
-  example->setTextFormat(Qt::PlainText);
-  example->setText(QStringLiteral("Example: <v1artist> - <v1title>.mp3"));
+  QLabel* example = binder.Add(form.pages.Label_ID3Example, panel);
   example->setForegroundRole(QPalette::PlaceholderText);
   column->addWidget(mask);
   column->addWidget(example);

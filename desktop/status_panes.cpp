@@ -4,42 +4,21 @@
 #include <QStatusBar>
 
 #include "desktop/look.h"
-#include "desktop/text.h"
 
 namespace tallowbrook {
-
-StatusPane::StatusPane(QWidget* parent) : QLabel(parent) {
-  setTextFormat(Qt::PlainText);
-  setContentsMargins(spacing, 2, spacing, 2);
-  // The text has no say in the width: a pane that grew would lay out the window anew.
-  setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
-  setFixedHeight(fontMetrics().height() + 8);
-}
-
-void StatusPane::ShowText(const std::string& text) {
-  QString shown = VisibleText(text);
-  if (shown == whole_) return;
-  whole_ = std::move(shown);
-  Fit();
-}
-
-void StatusPane::resizeEvent(QResizeEvent* event) {
-  QLabel::resizeEvent(event);
-  Fit();
-}
-
-void StatusPane::Fit() {
-  setText(fontMetrics().elidedText(whole_, Qt::ElideMiddle, contentsRect().width()));
-}
 
 StatusPanes::StatusPanes(StatusBar& status, QStatusBar& bar)
     : status_(status),
       row_(*new QWidget(&bar)),
-      message_(*new StatusPane(&row_)),
-      count_(*new StatusPane(&row_)),
+      message_(*new ElidedLabel(&row_)),
+      count_(*new ElidedLabel(&row_)),
       throttle_([this] { Show(); }) {
   message_.setObjectName(QStringLiteral("StatusPane0"));
   count_.setObjectName(QStringLiteral("StatusPane1"));
+  for (ElidedLabel* pane : {&message_, &count_}) {
+    pane->setContentsMargins(spacing, 2, spacing, 2);
+    pane->setFixedHeight(pane->fontMetrics().height() + 8);
+  }
   auto* layout = new QHBoxLayout(&row_);
   layout->setContentsMargins(0, 0, 0, 0);
   layout->addWidget(&message_, 1);

@@ -4,29 +4,13 @@
 // pane paints more than 20 times a second, whatever is written to it.
 #pragma once
 
-#include <QLabel>
-#include <string>
-
 #include "base/status_bar.h"
+#include "desktop/elided_label.h"
 #include "desktop/throttle.h"
 
 class QStatusBar;
 
 namespace tallowbrook {
-
-// One line of plain text, cut in its middle where it is too long.
-class StatusPane : public QLabel {
- public:
-  explicit StatusPane(QWidget* parent);
-  void ShowText(const std::string& text);
-
- protected:
-  void resizeEvent(QResizeEvent* event) override;
-
- private:
-  void Fit();
-  QString whole_;
-};
 
 class StatusPanes {
  public:
@@ -44,8 +28,8 @@ class StatusPanes {
 
   StatusBar& status_;
   QWidget& row_;
-  StatusPane& message_;
-  StatusPane& count_;
+  ElidedLabel& message_;
+  ElidedLabel& count_;
   Throttle throttle_;
 };
 

@@ -18,12 +18,22 @@ class RenamePages {
   RenamePages(Screen& screen, RenameSettings& settings, ListPane& pane, Preview& preview,
               Dialogs& dialogs, Clock& clock);
 
-  Frame Frame1;          // page "File Name Properties"
-  Frame Frame_Filename;  // the name's panel; a drop on it clears the name's history
-  Label Label3;          // "Sample File Name:"
+  Frame Frame1;  // page "File Name Properties"
+  // The panels of that page; a text dropped on the filename's clears its history.
+  Frame Frame_Prefix;
+  Frame Frame_Filename;
+  Frame Frame_Separator;
+  Frame Frame_Unique;
+  Frame Frame_Suffix;
+  Frame Frame_Extension;
+  Label Label3;  // "Sample File Name:"
   Label Label_SampleFileName;
+  Frame Frame_UpdateType;
   Frame Frame_Advanced;      // the mask's panel
   Frame Frame_AdvancedDate;  // the date's panel, in the same place
+  Label Label_AdvancedExample;
+  Frame Frame_ID3;
+  Label Label_ID3Example;
   Frame Frame_CopyMove;
   Label Lbl_MoveTo;         // "Copy To:" or "Move To:"
   ButtonPair BrowseMoveTo;  // Cmd_BrowseMoveTo, PushButton_Browse

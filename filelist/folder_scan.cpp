@@ -373,8 +373,9 @@ void FolderScan::CompleteFolder() {
   const std::size_t slash = text.rfind('/');
   if (slash == std::string::npos) return;
   if (slash + 1 == text.size()) {
-    SelectFolder(text);
+    // First, since the scan lets events through, and typing goes on there.
     if (text.starts_with('/')) Dir3_.SetPath(world_.files, text);
+    SelectFolder(text);
     return;
   }
   const std::string tail = text.substr(slash + 1);

@@ -7,8 +7,10 @@ ListPane::ListPane(Screen& screen)
       Txt_Address(screen, {.name = "Txt_Address", .caption = "Folder:"}),
       Combo1(screen,
              {.name = "Combo1", .tip = "Type a path to go to; a \"/\" at its end opens it"}),
-      Combo_Filter(screen, {.name = "Combo_Filter",
-                            .tip = "Which files to list, by wildcards: *.jpg, IMG_????.*"}),
+      Combo_Filter(
+          screen,
+          {.name = "Combo_Filter", .tip = "Which files to list, by wildcards: *.jpg, IMG_????.*"},
+          "*.*"),
       Lbl_Filename_Filter(screen, {.name = "Lbl_Filename_Filter", .caption = "Filename Filter:"}),
       Filter(screen, {.name = "Cmd_Filter", .caption = "Filter"},
              {.name = "PushButton_Filter", .caption = "filter", .tip = "List the folder again"}),

@@ -90,7 +90,7 @@ TEST_F(FileTableTest, NamesAreShownAsPlainVisibleText) {
 
 TEST_F(FileTableTest, OutcomesHaveTheirColours) {
   const std::pair<RowColour, QColor> rows[] = {
-      {RowColour::Plain, {}},
+      {RowColour::Plain, {0, 0, 0}},
       {RowColour::Done, {0, 0, 255}},
       {RowColour::Failed, {255, 0, 0}},
       {RowColour::Skipped, {224, 224, 224}},
