@@ -57,6 +57,7 @@ Wide CutDigits(Wide value, int count) {
 
 // Halves go to the even neighbour.
 Wide RoundDigits(Wide value, int count) {
+  if (count == 0) return value;
   const Wide divisor = PowerOfTen(count);
   const Wide quotient = value / divisor;
   const Wide rest = Magnitude(value % divisor);
@@ -83,6 +84,7 @@ std::string_view NumberAtStart(std::string_view text) {
 }  // namespace
 
 std::optional<Decimal> Decimal::Checked(Wide digits, int scale) {
+  if (scale <= mostScale && Magnitude(digits) <= largest) return Decimal(digits, scale);
   int excess = std::max(0, scale - mostScale);
   if (excess > mostWorkingDigits) return Decimal();
   for (; excess <= scale; ++excess) {
@@ -95,6 +97,7 @@ std::optional<Decimal> Decimal::Checked(Wide digits, int scale) {
 // Brings both to one scale. Where that takes more than the working digits, the operand with the
 // finer scale loses what is far below the last digit of any result.
 void Decimal::Align(Decimal& a, Decimal& b) {
+  if (a.scale_ == b.scale_) return;
   Decimal& coarse = a.scale_ < b.scale_ ? a : b;
   Decimal& fine = a.scale_ < b.scale_ ? b : a;
   const int gap = fine.scale_ - coarse.scale_;
@@ -157,6 +160,10 @@ std::optional<Decimal> Decimal::Times(const Decimal& other) const {
 }
 
 std::string Decimal::ToText() const {
+  // Every row of a run comes here with a whole number.
+  if (const auto whole = static_cast<std::int64_t>(digits_); scale_ == 0 && whole == digits_) {
+    return std::to_string(whole);
+  }
   Wide rest = Magnitude(digits_);
   int scale = scale_;
   for (; scale > 0 && rest % 10 == 0; --scale) rest /= 10;

@@ -83,7 +83,9 @@ RenameRun::RowResult RenameRun::Process(FileEntry& row, const std::string& direc
     return result;
   }
   result.IsRenameRecord = true;
-  world_.status.Set(0, "Renaming '" + row.name + "' to '" + result.newName + "'");
+  message_.assign("Renaming '").append(row.name).append("' to '");
+  message_.append(result.newName).append("'");
+  world_.status.Set(0, message_);
   if (world_.files.Rename(directory, row.name, result.newName) != FileError::None) return result;
   result.RowDone = true;
   Transfer(row, directory, result);

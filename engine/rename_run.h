@@ -75,6 +75,7 @@ class RenameRun {
   RandomNumberPool& pool_;
 
   bool running_ = false;
+  std::string message_;  // kept for its memory
   // What this run has copied or moved to.
   std::unordered_set<std::string> written_;
 };

@@ -77,6 +77,10 @@ bool IsHiddenName(std::string_view name) {
 }
 
 bool MatchesPattern(std::string_view name, std::string_view pattern) {
+  // "*", "*.*" and their like match whatever there is; nearly every scan asks for one of them.
+  if (pattern.starts_with('*') && pattern.ends_with('*') && Reader(pattern).MatchesTheEnd()) {
+    return true;
+  }
   // A dot at the very end asks for a name without extension.
   if (pattern.ends_with('.') && !name.ends_with('.') && name.find('.') != name.npos) return false;
   return MatchesWildcards(Reader(name), Reader(pattern));

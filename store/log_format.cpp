@@ -8,22 +8,17 @@ namespace tallowbrook::log_format {
 
 namespace {
 
+static_assert(recordEnd == 5 && statusEnd == 6 && batchEnd == 7 && escape == 16 && fieldEnd == '?');
 constexpr std::string_view hexDigits = "0123456789ABCDEF";
 
-bool MustEscape(char c, bool keepQuestionMarks) {
-  switch (c) {
-    case recordEnd:
-    case statusEnd:
-    case batchEnd:
-    case escape:
-    case '\r':
-    case '\n':
-      return true;
-    case fieldEnd:
-      return !keepQuestionMarks;
-    default:
-      return false;
-  }
+// What mustn't stand in a path as it is, and in a failed name, whose question marks tell.
+constexpr std::string_view escapedInPaths = "\x05\x06\x07\x10\r\n?";
+constexpr std::string_view escapedInFailures = escapedInPaths.substr(0, escapedInPaths.size() - 1);
+
+constexpr std::array<bool, 256> Marked(std::string_view bytes) {
+  std::array<bool, 256> marked{};
+  for (const char c : bytes) marked[static_cast<unsigned char>(c)] = true;
+  return marked;
 }
 
 void AppendEscape(std::string& text, char c) {
@@ -34,13 +29,17 @@ void AppendEscape(std::string& text, char c) {
 }
 
 void AppendEscaped(std::string& text, std::string_view piece, bool keepQuestionMarks) {
-  for (const char c : piece) {
-    if (MustEscape(c, keepQuestionMarks)) {
-      AppendEscape(text, c);
-    } else {
-      text += c;
-    }
+  static constexpr auto inPaths = Marked(escapedInPaths);
+  static constexpr auto inFailures = Marked(escapedInFailures);
+  const auto& marked = keepQuestionMarks ? inFailures : inPaths;
+  std::size_t start = 0;  // of what can be taken as it is
+  for (std::size_t at = 0; at < piece.size(); ++at) {
+    if (!marked[static_cast<unsigned char>(piece[at])]) continue;
+    text.append(piece, start, at - start);
+    AppendEscape(text, piece[at]);
+    start = at + 1;
   }
+  text.append(piece, start);
 }
 
 // A reader trims the blanks around a path; the last one of a trailing run holds the others.
