@@ -84,15 +84,15 @@ std::string NameBuilder::ReplaceByPattern(std::string text) {
     regexTried_ = true;
   }
   if (!regex_) return text;
-  const bool all = settings_.Combo_Occurances.Index() == 0;
-  const int times = all ? 1 : NumberOf(settings_.Combo_Occurances).value_or(0);
-  for (int i = 0; i < times; ++i) {
-    std::optional<std::string> replaced =
-        regex_->Replace(text, settings_.Combo_Replace.Value(), all);
-    if (!replaced || *replaced == text) break;
-    text = std::move(*replaced);
+  const std::string& replacement = settings_.Combo_Replace.Value();
+  const std::optional<int> times = NumberOf(settings_.Combo_Occurances);
+  std::optional<std::string> replaced;
+  if (settings_.Combo_Occurances.Index() == 0) {
+    replaced = regex_->Replace(text, replacement, true);
+  } else if (times) {
+    replaced = regex_->ReplaceInTurn(text, replacement, *times);
   }
-  return text;
+  return replaced ? *std::move(replaced) : text;
 }
 
 }  // namespace tallowbrook

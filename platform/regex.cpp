@@ -1,8 +1,9 @@
-// Regular expressions by PCRE2, held to the ECMAScript grammar.
+// Regular expressions by PCRE2: the search, its limits, and the replacement.
 //
-// PCRE2 reads a larger language. Its options bring the meaning of what both know in line; what
-// only PCRE2 knows would surprise in a pattern written for the other, so a pass over the pattern
-// takes it away first: letters escaped for no reason, POSIX classes, verbs.
+// PCRE2 counts the steps of a match from each place of a name anew, so that its limit alone bounds
+// no search. A search therefore runs twice at most. The light one has few steps a place: enough
+// for nearly every pattern, and with all of PCRE2's short cuts. Where they don't suffice, the
+// heavy one looks through all places in one match that a single limit bounds.
 #include "platform/regex.h"
 
 #define PCRE2_CODE_UNIT_WIDTH 8
@@ -13,20 +14,28 @@
 #include <utility>
 
 #include "base/text.h"
+#include "platform/regex_stray_bytes.h"
+#include "platform/regex_translation.h"
 
 namespace tallowbrook {
 namespace {
 
-// Steps that a match may take from one place of a name before it counts as exploding: some
-// milliseconds. An ordinary pattern needs thousands.
-constexpr std::uint32_t matchLimit = 1'000'000;
+// Steps of a light search, shared by the places of a name, and of a heavy one. A step may run
+// over all of the name and compare it with all of the pattern, most dearly with what its groups
+// hold; so that every search has the same time, what is long gets fewer steps.
+constexpr std::size_t lightSteps = 50'000;
+constexpr std::size_t leastLightSteps = 20;  // from one place
+constexpr std::size_t heavySteps = 100'000;
+constexpr std::size_t longName = 256;
+constexpr std::size_t longPattern = 128;
+constexpr std::size_t manyReferences = 2;
+constexpr int heavySearches = 8;
 constexpr std::uint32_t heapLimitKib = 16 * 1024;
 constexpr std::size_t jitStackStart = 32 * 1024;
 constexpr std::size_t jitStackLimit = 1024 * 1024;
 
-constexpr std::uint32_t options = PCRE2_UTF | PCRE2_MATCH_INVALID_UTF | PCRE2_ALT_BSUX |
-                                  PCRE2_DOLLAR_ENDONLY | PCRE2_ALLOW_EMPTY_CLASS |
-                                  PCRE2_MATCH_UNSET_BACKREF | PCRE2_NEVER_BACKSLASH_C;
+constexpr std::uint32_t options =
+    PCRE2_UTF | PCRE2_DOLLAR_ENDONLY | PCRE2_ALLOW_EMPTY_CLASS | PCRE2_MATCH_UNSET_BACKREF;
 
 template <auto Free>
 struct FreeBy {
@@ -35,7 +44,7 @@ struct FreeBy {
     Free(object);
   }
 };
-using Code = std::unique_ptr<pcre2_code, FreeBy<pcre2_code_free>>;
+using CompiledCode = std::unique_ptr<pcre2_code, FreeBy<pcre2_code_free>>;
 using CompileContext = std::unique_ptr<pcre2_compile_context, FreeBy<pcre2_compile_context_free>>;
 using MatchContext = std::unique_ptr<pcre2_match_context, FreeBy<pcre2_match_context_free>>;
 using MatchData = std::unique_ptr<pcre2_match_data, FreeBy<pcre2_match_data_free>>;
@@ -50,96 +59,56 @@ std::size_t BehindCharacter(std::string_view text, std::size_t at) {
   return at == text.size() ? at + 1 : at + FirstCharacter(text.substr(at)).length;
 }
 
-bool IsAsciiLetter(char c) {
-  return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z');
-}
+// A pattern in PCRE2's form, and in the machine's where there is JIT.
+struct Code {
+  CompiledCode code;
+  bool jit = false;
 
-// Writes a pattern of the ECMAScript grammar in PCRE2's.
-class Translation {
- public:
-  explicit Translation(std::string_view pattern) : rest_(pattern) {}
-  // Nothing for a pattern that would reach into PCRE2's control verbs.
-  std::optional<std::string> Result();
-
- private:
-  void TakeEscape();
-  void TakeClassStart();
-  void TakeInClass();
-  void Take(std::size_t count = 1) {
-    result_.append(rest_.substr(0, count));
-    rest_.remove_prefix(std::min(count, rest_.size()));
-  }
-
-  std::string_view rest_;
-  std::string result_;
-  bool inClass_ = false;
+  // False for what is no pattern.
+  bool Compile(std::string_view pattern, bool ignoreCase);
 };
 
-std::optional<std::string> Translation::Result() {
-  while (!rest_.empty()) {
-    if (rest_.starts_with("(*") && !inClass_) return std::nullopt;
-    if (rest_[0] == '\\') {
-      TakeEscape();
-    } else if (inClass_) {
-      TakeInClass();
-    } else if (rest_[0] == '[') {
-      TakeClassStart();
-    } else {
-      Take();
-    }
-  }
-  return std::move(result_);
-}
-
-// An escaped letter without a meaning is the letter.
-void Translation::TakeEscape() {
-  constexpr std::string_view lettersWithMeaning = "dDwWsSbBtnfrcxu";
-  const char escaped = rest_.size() > 1 ? rest_[1] : '\0';
-  const bool isGroupName = rest_.starts_with("\\k<") && !inClass_;
-  if (escaped == 'v') {
-    result_ += "\\x0B";
-    rest_.remove_prefix(2);
-  } else if (IsAsciiLetter(escaped) && !isGroupName &&
-             lettersWithMeaning.find(escaped) == std::string_view::npos) {
-    rest_.remove_prefix(1);
-    Take();
-  } else {
-    Take(2);
-  }
-}
-
-// "[.", "[:" and "[=" begin a class like any other.
-void Translation::TakeClassStart() {
-  inClass_ = true;
-  const char first = rest_.size() > 1 ? rest_[1] : '\0';
-  if (first == '.' || first == ':' || first == '=') {
-    Take();
-    result_ += '\\';
-    Take();
-  } else {
-    Take(first == '^' ? 2 : 1);
-  }
-}
-
-void Translation::TakeInClass() {
-  if (rest_[0] == ']') inClass_ = false;
-  if (rest_[0] == '[') result_ += '\\';
-  Take();
+bool Code::Compile(std::string_view pattern, bool ignoreCase) {
+  const CompileContext context(pcre2_compile_context_create(nullptr));
+  if (context == nullptr) return false;
+  pcre2_set_newline(context.get(), PCRE2_NEWLINE_LF);
+  int error;
+  PCRE2_SIZE errorPlace;
+  code.reset(pcre2_compile(Units(pattern), pattern.size(),
+                           ignoreCase ? options | PCRE2_CASELESS : options, &error, &errorPlace,
+                           context.get()));
+  jit = code != nullptr && pcre2_jit_compile(code.get(), PCRE2_JIT_COMPLETE) == 0;
+  return code != nullptr;
 }
 
 }  // namespace
 
 struct Regex::State {
-  Code code;
+  std::string pattern;            // translated
+  std::size_t patternWeight = 1;  // what a step costs, in steps by a short pattern
+  bool ignoreCase = false;
+  // Whether stand-ins in the pattern mean stray bytes, or are what its writer wrote.
+  bool hasStrayBytes = false;
+  bool holdsStandIns = false;
+  std::uint32_t groups = 0;
+  Code light;
+  std::optional<Code> heavy;  // from the first heavy search on
   MatchContext context;
   MatchData match;
-  JitStack stack;  // null without JIT
-  std::uint32_t groups = 0;
+  JitStack stack;
+  int heavySearchesLeft = 0;
 
-  // Prepares everything that matching needs; false if there is no memory for it.
+  // False if the pattern is none, or if there is no memory for it.
   bool Prepare();
   // PCRE2's own number: above 0 for a match.
-  int MatchFrom(std::string_view subject, std::size_t start) const;
+  int Search(std::string_view subject, std::size_t start);
+  std::size_t Dearness(std::string_view subject) const;
+  int SearchHeavily(std::string_view subject, std::size_t start);
+  int Run(const Code& code, std::size_t steps, std::string_view subject, std::size_t start);
+  std::optional<std::string> Replace(std::string_view subject, std::string_view replacement,
+                                     bool all);
+  std::optional<std::string> ReplaceInBytes(std::string_view subject, std::string_view replacement,
+                                            bool all);
   std::string_view Group(std::string_view subject, std::size_t group) const;
   // What "$" and `selector` stand for; nothing if they stand for themselves.
   std::optional<std::string_view> Insert(std::string_view subject, char selector) const;
@@ -148,23 +117,43 @@ struct Regex::State {
 };
 
 bool Regex::State::Prepare() {
+  if (!light.Compile(pattern, ignoreCase)) return false;
   context.reset(pcre2_match_context_create(nullptr));
-  match.reset(pcre2_match_data_create_from_pattern(code.get(), nullptr));
-  if (context == nullptr || match == nullptr) return false;
-  pcre2_set_match_limit(context.get(), matchLimit);
-  pcre2_set_heap_limit(context.get(), heapLimitKib);
-  pcre2_pattern_info(code.get(), PCRE2_INFO_CAPTURECOUNT, &groups);
-  if (pcre2_jit_compile(code.get(), PCRE2_JIT_COMPLETE) != 0) return true;
+  match.reset(pcre2_match_data_create_from_pattern(light.code.get(), nullptr));
   stack.reset(pcre2_jit_stack_create(jitStackStart, jitStackLimit, nullptr));
+  if (context == nullptr || match == nullptr) return false;
+  pcre2_set_heap_limit(context.get(), heapLimitKib);
   if (stack != nullptr) pcre2_jit_stack_assign(context.get(), nullptr, stack.get());
+  pcre2_pattern_info(light.code.get(), PCRE2_INFO_CAPTURECOUNT, &groups);
   return true;
 }
 
-// The direct way into the compiled code checks no subject. That is allowed here, since the
-// pattern was compiled for subjects that aren't valid UTF-8.
-int Regex::State::MatchFrom(std::string_view subject, std::size_t start) const {
-  const auto run = stack != nullptr ? pcre2_jit_match : pcre2_match;
-  return run(code.get(), Units(subject), subject.size(), start, 0, match.get(), context.get());
+// What a step may cost, in steps over a short name by a short pattern.
+std::size_t Regex::State::Dearness(std::string_view subject) const {
+  return (1 + subject.size() / longName) * patternWeight;
+}
+
+int Regex::State::Search(std::string_view subject, std::size_t start) {
+  const std::size_t steps = lightSteps / Dearness(subject) / (subject.size() + 1);
+  const int found = Run(light, std::max(steps, leastLightSteps), subject, start);
+  return found == PCRE2_ERROR_MATCHLIMIT ? SearchHeavily(subject, start) : found;
+}
+
+int Regex::State::SearchHeavily(std::string_view subject, std::size_t start) {
+  if (heavySearchesLeft == 0) return PCRE2_ERROR_MATCHLIMIT;
+  --heavySearchesLeft;
+  if (!heavy) heavy.emplace().Compile("\\G(?s:.)*?\\K(?:" + pattern + ")", ignoreCase);
+  if (heavy->code == nullptr) return PCRE2_ERROR_MATCHLIMIT;
+  return Run(*heavy, heavySteps / Dearness(subject), subject, start);
+}
+
+// Subjects are valid UTF-8 and need no check; the direct way into the machine's code has none.
+int Regex::State::Run(const Code& code, std::size_t steps, std::string_view subject,
+                      std::size_t start) {
+  pcre2_set_match_limit(context.get(), static_cast<std::uint32_t>(steps));
+  const auto run = code.jit ? pcre2_jit_match : pcre2_match;
+  return run(code.code.get(), Units(subject), subject.size(), start, PCRE2_NO_UTF_CHECK,
+             match.get(), context.get());
 }
 
 std::string_view Regex::State::Group(std::string_view subject, std::size_t group) const {
@@ -195,40 +184,20 @@ void Regex::State::AppendReplacement(std::string& result, std::string_view subje
   }
 }
 
-Regex::Regex(std::unique_ptr<State> state) : state_(std::move(state)) {}
-Regex::Regex(Regex&&) noexcept = default;
-Regex& Regex::operator=(Regex&&) noexcept = default;
-Regex::~Regex() = default;
-
-std::optional<Regex> Regex::Compile(std::string_view pattern, bool ignoreCase) {
-  const std::optional<std::string> translated = Translation(pattern).Result();
-  const CompileContext context(pcre2_compile_context_create(nullptr));
-  if (!translated || context == nullptr) return std::nullopt;
-  pcre2_set_newline(context.get(), PCRE2_NEWLINE_ANYCRLF);
-  int error;
-  PCRE2_SIZE errorPlace;
-  auto state = std::make_unique<State>();
-  state->code.reset(pcre2_compile(Units(*translated), translated->size(),
-                                  ignoreCase ? options | PCRE2_CASELESS : options, &error,
-                                  &errorPlace, context.get()));
-  if (state->code == nullptr || !state->Prepare()) return std::nullopt;
-  return Regex(std::move(state));
-}
-
 // An empty match lets one character pass, so that the next one is looked for behind it; where a
 // match ended, an empty one may still follow.
-std::optional<std::string> Regex::Replace(std::string_view subject, std::string_view replacement,
-                                          bool all) const {
+std::optional<std::string> Regex::State::Replace(std::string_view subject,
+                                                 std::string_view replacement, bool all) {
   std::string result;
   std::size_t copied = 0;
   std::size_t from = 0;
   do {
-    const int found = state_->MatchFrom(subject, from);
+    const int found = Search(subject, from);
     if (found == PCRE2_ERROR_NOMATCH) break;
     if (found < 0) return std::nullopt;
-    const PCRE2_SIZE* ends = pcre2_get_ovector_pointer(state_->match.get());
+    const PCRE2_SIZE* ends = pcre2_get_ovector_pointer(match.get());
     result.append(subject, copied, ends[0] - copied);
-    state_->AppendReplacement(result, subject, replacement);
+    AppendReplacement(result, subject, replacement);
     if (result.size() > maxResult) return std::nullopt;
     copied = ends[1];
     from = ends[0] == ends[1] ? BehindCharacter(subject, copied) : copied;
@@ -236,6 +205,59 @@ std::optional<std::string> Regex::Replace(std::string_view subject, std::string_
   result.append(subject, copied);
   if (result.size() > maxResult) return std::nullopt;
   return result;
+}
+
+std::optional<std::string> Regex::State::ReplaceInBytes(std::string_view subject,
+                                                        std::string_view replacement, bool all) {
+  if (IsValidUtf8(subject)) {
+    if (hasStrayBytes && HoldsStandIns(subject)) return std::nullopt;
+    return Replace(subject, replacement, all);
+  }
+  const std::optional<std::string> within = WithStandIns(subject);
+  const std::optional<std::string> put = WithStandIns(replacement);
+  if (!within || !put || holdsStandIns) return std::nullopt;
+  const std::optional<std::string> result = Replace(*within, *put, all);
+  return result ? std::optional(WithoutStandIns(*result)) : std::nullopt;
+}
+
+Regex::Regex(std::unique_ptr<State> state) : state_(std::move(state)) {}
+Regex::Regex(Regex&&) noexcept = default;
+Regex& Regex::operator=(Regex&&) noexcept = default;
+Regex::~Regex() = default;
+
+std::optional<Regex> Regex::Compile(std::string_view pattern, bool ignoreCase) {
+  auto state = std::make_unique<State>();
+  state->ignoreCase = ignoreCase;
+  state->hasStrayBytes = !IsValidUtf8(pattern);
+  state->holdsStandIns = HoldsStandIns(pattern);
+  const std::optional<std::string> valid =
+      state->hasStrayBytes ? WithStandIns(pattern) : std::string(pattern);
+  const auto translation = valid ? TranslateRegex(*valid, maxResult) : std::nullopt;
+  if (!translation) return std::nullopt;
+  state->pattern = translation->pattern;
+  state->patternWeight =
+      1 + pattern.size() / longPattern + translation->backReferences / manyReferences;
+  if (!state->Prepare()) return std::nullopt;
+  return Regex(std::move(state));
+}
+
+std::optional<std::string> Regex::Replace(std::string_view subject, std::string_view replacement,
+                                          bool all) const {
+  state_->heavySearchesLeft = heavySearches;
+  return state_->ReplaceInBytes(subject, replacement, all);
+}
+
+std::optional<std::string> Regex::ReplaceInTurn(std::string_view subject,
+                                                std::string_view replacement, int times) const {
+  state_->heavySearchesLeft = heavySearches;
+  std::optional<std::string> text(subject);
+  for (int turn = 0; turn < times; ++turn) {
+    std::optional<std::string> next = state_->ReplaceInBytes(*text, replacement, false);
+    if (!next && turn == 0) return std::nullopt;
+    if (!next || *next == *text) break;
+    text = std::move(next);
+  }
+  return text;
 }
 
 }  // namespace tallowbrook
