@@ -66,6 +66,12 @@ void Control::SetReadOnly(bool readOnly) {
   if (std::exchange(readOnly_, readOnly) != readOnly) LookChanged();
 }
 
+void Control::SetHighlighted(bool highlighted) {
+  if (highlighted_ == highlighted) return;
+  highlighted_ = highlighted;
+  LookChanged();
+}
+
 void Control::ValueChanged() {
   LookChanged();
   if (rule) rule();

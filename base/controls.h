@@ -66,6 +66,9 @@ class Control {
   void SetEnabled(bool enabled);
   void SetVisible(bool visible);
   void SetReadOnly(bool readOnly);
+  // Lit up for a moment, to draw the eye.
+  bool Highlighted() const { return highlighted_; }
+  void SetHighlighted(bool highlighted);
 
   // Runs after each change of the value. Set once, by the screen that owns the rule.
   std::function<void()> rule;
@@ -93,6 +96,7 @@ class Control {
   bool enabled_ = true;
   bool visible_ = true;
   bool readOnly_ = false;
+  bool highlighted_ = false;
 };
 
 class Tick : public Control {

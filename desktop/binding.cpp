@@ -10,6 +10,7 @@
 #include <QSignalBlocker>
 #include <limits>
 
+#include "base/guards.h"
 #include "desktop/text.h"
 
 namespace tallowbrook {
@@ -69,14 +70,18 @@ Binding::Binding(Control& control, QWidget& widget)
 void Binding::Refresh() {
   if (showing_) return;
   showing_ = true;
+  const Finally done([this] { showing_ = false; });
   ShowValue();
   ShowLook();
-  showing_ = false;
 }
 
 void Binding::ShowLook() {
   widget_.setEnabled(control_.Enabled());
   if (!control_.Tip().empty()) widget_.setToolTip(PlainToolTip(ToText(control_.Tip())));
+  if (highlighted_ != control_.Highlighted()) {
+    highlighted_ = control_.Highlighted();
+    widget_.setStyleSheet(highlighted_ ? QStringLiteral("background: yellow") : QString());
+  }
   // Only a change is passed on: a widget that has no window yet must not become one.
   if (shown_ != control_.Visible()) {
     shown_ = control_.Visible();

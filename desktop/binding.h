@@ -41,6 +41,7 @@ class Binding : public QObject {
   Control& control_;
   QWidget& widget_;
   bool shown_ = true;
+  bool highlighted_ = false;
   bool showing_ = false;
 };
 

@@ -8,6 +8,7 @@
 #include <QStyledItemDelegate>
 #include <QTimer>
 
+#include "base/guards.h"
 #include "desktop/dropped_paths.h"
 
 namespace tallowbrook {
@@ -101,9 +102,9 @@ void FileTable::SetUpColumns() {
 
 void FileTable::SortBy(int section) {
   QGuiApplication::setOverrideCursor(Qt::WaitCursor);
+  const Finally restore([] { QGuiApplication::restoreOverrideCursor(); });
   model_.List().SortByColumn(ColumnOf(section));
   model_.Sync();
-  QGuiApplication::restoreOverrideCursor();
   horizontalHeader()->setSortIndicatorShown(true);
   horizontalHeader()->setSortIndicator(
       section, model_.List().SortsAscending() ? Qt::AscendingOrder : Qt::DescendingOrder);

@@ -68,6 +68,7 @@ QStatusBar { background: #eef2f7; border-top: 1px solid #d2dae4; }
 QStatusBar::item { border: none; }
 QSplitter::handle { background: transparent; }
 QSplitter::handle:hover { background: #c9d9ea; }
+QSplitter::handle:pressed { background: black; }
 )";
 
 QPalette LightPalette() {

@@ -8,10 +8,12 @@
 #include "platform/files.h"
 #include "platform/program_folders.h"
 #include "platform/random.h"
+#include "platform/signals.h"
 #include "shell/form1.h"
 
 int main(int argc, char** argv) {
   using namespace tallowbrook;
+  IgnoreWriteSignals();
   Application application(argc, argv);
   SystemFiles files;
   SystemClock clock;

@@ -8,6 +8,7 @@
 #include <QStatusBar>
 #include <QTimer>
 #include <QVBoxLayout>
+#include <cmath>
 
 #include "desktop/copy_move.h"
 #include "desktop/folder_area.h"
@@ -56,6 +57,7 @@ MainWindow::MainWindow(Form1& form, Files& files, const std::string& home)
 MainWindow::~MainWindow() {
   form_.showManualRename = nullptr;
   form_.unload = nullptr;
+  form_.blinker.started = nullptr;
   // The regions hold references to the binder.
   delete takeCentralWidget();
 }
@@ -68,6 +70,8 @@ QWidget* MainWindow::MakeTop(Files& files, const std::string& home) {
   splitter_->addWidget(new ListArea(form_, binder_, splitter_));
   splitter_->setStretchFactor(0, 0);
   splitter_->setStretchFactor(1, 1);
+  splitter_->handle(1)->setObjectName(QStringLiteral("Picture2"));
+  connect(splitter_, &QSplitter::splitterMoved, this, [this] { KeepTreeShare(); });
   return splitter_;
 }
 
@@ -97,6 +101,13 @@ QLayout* MainWindow::MakeButtons() {
 void MainWindow::WireForm() {
   form_.showManualRename = [this](ManualRename& model) { ManualRenameDialog(model, this).exec(); };
   form_.unload = [this] { Unload(); };
+  auto* timer = new QTimer(this);
+  timer->setInterval(Blinker::intervalMilliseconds);
+  connect(timer, &QTimer::timeout, this, [this, timer] {
+    form_.blinker.Tick();
+    if (!form_.blinker.Running()) timer->stop();
+  });
+  form_.blinker.started = [timer] { timer->start(); };
 }
 
 // Nothing is deleted here: the code that asked for the end is still running.
@@ -115,7 +126,15 @@ void MainWindow::closeEvent(QCloseEvent* event) {
 
 void MainWindow::resizeEvent(QResizeEvent* event) {
   QMainWindow::resizeEvent(event);
-  splitter_->widget(0)->setMinimumWidth(static_cast<int>(width() * leastTreeShare));
+  KeepTreeShare();
+}
+
+// By the sizes and not by a least width, which would keep a wide window from shrinking again.
+void MainWindow::KeepTreeShare() {
+  const QList<int> sizes = splitter_->sizes();
+  const int least = static_cast<int>(std::ceil(width() * leastTreeShare));
+  const int total = sizes.value(0) + sizes.value(1);
+  if (total > least && sizes.value(0) < least) splitter_->setSizes({least, total - least});
 }
 
 }  // namespace tallowbrook

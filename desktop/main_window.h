@@ -30,6 +30,8 @@ class MainWindow : public QMainWindow {
   QLayout* MakeButtons();
   void WireForm();
   void Unload();
+  // The tree has at least 15 percent of the window.
+  void KeepTreeShare();
 
   Form1& form_;
   Binder binder_;

@@ -1,5 +1,7 @@
 #include "desktop/text.h"
 
+#include <algorithm>
+
 #include "base/text.h"
 
 namespace tallowbrook {
@@ -10,8 +12,12 @@ constexpr char32_t firstStray = 0xDC80;
 constexpr char32_t lastStray = 0xDCFF;
 constexpr char16_t replacement = 0xFFFD;
 
-bool TurnsDirection(char16_t unit) {
-  return (unit >= 0x202A && unit <= 0x202E) || (unit >= 0x2066 && unit <= 0x2069);
+// Marks that turn the writing direction, and characters without any width. The joiners of scripts
+// and emoji aren't among them.
+bool HidesOrTurns(char16_t unit) {
+  constexpr char16_t singles[] = {0xAD, 0x61C, 0x200B, 0x200E, 0x200F, 0x2060, 0xFEFF};
+  return (unit >= 0x202A && unit <= 0x202E) || (unit >= 0x2066 && unit <= 0x2069) ||
+         std::ranges::find(singles, unit) != std::end(singles);
 }
 
 // The picture of a unit that would not show, or that would change how others show. Only glyphs
@@ -27,8 +33,8 @@ char16_t Picture(char16_t unit) {
     case 0x2029:
       return 0x21B5;
     default:
-      return unit < 0x20 || (unit >= 0x7F && unit < 0xA0) || TurnsDirection(unit) ? replacement
-                                                                                  : unit;
+      return unit < 0x20 || (unit >= 0x7F && unit < 0xA0) || HidesOrTurns(unit) ? replacement
+                                                                                : unit;
   }
 }
 
@@ -83,8 +89,9 @@ QString VisibleText(std::string_view bytes) {
 }
 
 QString PlainToolTip(const QString& text) {
-  return text.isEmpty() ? text
-                        : QLatin1String("<qt>") + text.toHtmlEscaped() + QLatin1String("</qt>");
+  if (text.isEmpty()) return text;
+  return QLatin1String("<p style='white-space:pre-wrap'>") + text.toHtmlEscaped() +
+         QLatin1String("</p>");
 }
 
 QString WithAccessKey(std::string_view caption, char key) {

@@ -23,6 +23,7 @@ bool WindowKeys::eventFilter(QObject* watched, QEvent* event) {
     return toAddress;
   }
   if (key->key() == Qt::Key_Escape) form_.EscapeKey();
+  if (key->key() == Qt::Key_Delete) form_.DeleteKey();
   if (toAddress) form_.AddressShortcut();
   return toAddress;
 }

@@ -37,6 +37,7 @@ void Preview::PreviewFiles() {
     list_.TellRows(i - rowsBetweenYields + 1, i);
     status_.Set(0, "Building Preview " + std::to_string(i) + " of " + std::to_string(count));
     events_.Yield();
+    if (ended && ended()) return;
   }
   list_.TellRows(1, list_.Count());
   status_.Set(0, "Finished building preview");

@@ -23,6 +23,8 @@ class Preview {
   // The new name of filename.abc.
   std::string BuildSampleFileName();
 
+  // Whether the program has ended meanwhile: no further row is worth composing.
+  std::function<bool()> ended;
   // In the thumbnail view a row's own text follows its new name.
   std::function<bool()> thumbnailMode;
 

@@ -1,5 +1,7 @@
 #include "engine/rename_run.h"
 
+#include "base/guards.h"
+
 namespace tallowbrook {
 
 RenameRun::RenameRun(RunWorld world, RenameSettings& settings, ListPane& pane, FileList& list,
@@ -15,9 +17,9 @@ RenameRun::RenameRun(RunWorld world, RenameSettings& settings, ListPane& pane, F
 void RenameRun::RenameFiles(std::size_t row, const std::string& newName) {
   if (running_ || row > list_.Count()) return;
   running_ = true;
+  const Finally end([this] { running_ = false; });
   written_.clear();
   RunRows(row, newName);
-  running_ = false;
 }
 
 void RenameRun::RunRows(std::size_t row, const std::string& newName) {

@@ -2,6 +2,7 @@
 
 #include <charconv>
 
+#include "base/guards.h"
 #include "base/letter_case.h"
 #include "base/text.h"
 
@@ -112,6 +113,11 @@ void FolderScan::ScanFolder(const std::string& path) {
   // Compared exactly: here two folders may differ in case alone.
   pane_.Txt_Address.Set(folder);
   ScanInProgress = true;
+  const Finally end([this] {
+    ScanInProgress = false;
+    pane_.Frame_Progress.SetVisible(false);
+    list_.SetVisible(true);
+  });
   list_.ToggleListSort();
   ListFolderEntries(folder);
   list_.ToggleListSort();
@@ -125,8 +131,6 @@ void FolderScan::ScanFolder(const std::string& path) {
   if (AbortRequested) world_.status.Set(0, "Scan Aborted...");
   AbortRequested = false;
   if (ExitAfterScan && exitProgram) exitProgram();
-  pane_.Frame_Progress.SetVisible(false);
-  list_.SetVisible(true);
 }
 
 void FolderScan::ListFolderEntries(const std::string& path) {
@@ -291,13 +295,15 @@ void FolderScan::ToggleSubfolderScan() {
     return;
   }
   setCaption(stopCaption);
+  const Finally end([&] {
+    setCaption(startCaption);
+    StopSubfolderScan = false;
+  });
   list_.Clear();
   LastScanWasRecursive = true;
   const std::string folder = LastScanFolder;
   ListFolderEntries(folder);
   ScanSubfolders(folder);
-  setCaption(startCaption);
-  StopSubfolderScan = false;
 }
 
 void FolderScan::ClearFileList() {

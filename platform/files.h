@@ -17,10 +17,10 @@
 namespace tallowbrook {
 
 enum class EntryKind : std::uint8_t {
-  File,          // a regular file or a link to one
+  File,  // a regular file or a link to one
   Folder,
-  FolderLink,    // a symbolic link to a folder
-  Other,         // sockets, devices, links to nothing
+  FolderLink,  // a symbolic link to a folder
+  Other,       // sockets, devices, links to nothing
 };
 
 // Times are POSIX seconds.

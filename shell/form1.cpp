@@ -1,5 +1,6 @@
 #include "shell/form1.h"
 
+#include "base/guards.h"
 #include "shell/commands.h"
 
 namespace tallowbrook {
@@ -33,6 +34,7 @@ void Form1::WireButtons() {
   PreviewButton.Does([this] { preview.PreviewFiles(); });
   Exit.Does([this] { ExitProgram(); });
   run.updateMoveControls = [this] { pages.UpdateMoveControls(); };
+  preview.ended = [this] { return ExitDone; };
   preview.thumbnailMode = [this] { return scan.ThumbnailMode; };
   scan.exitProgram = [this] { ExitProgram(); };
   // A folder's name is searched whole.
@@ -45,26 +47,46 @@ void Form1::WireButtons() {
   };
 }
 
-// The order is fixed: later steps read what earlier ones set.
+// The order is fixed: later steps read what earlier ones set. A step that fails is left out.
 void Form1::Load() {
-  ProgramLoading = true;
+  const std::function<void()> steps[] = {
+      [this] { LoadSkin(); },
+      [this] { ProgramLoading = true; },
+      [this] { ClearStatusBar(); },
+      [this] { BuildPaths(); },
+      [this] { SetInitialOptions(); },
+      [this] { CreateThumbnailGenerator(); },
+      [this] { LoadGenreLists(); },
+      [this] { pages.ResetSettings(); },
+      [this] { GetConfiguration(); },
+      [this] { pages.UpdateMoveControls(); },
+      [this] { AskAutoUpdate(); },
+      [this] { log.SetPath(world_.folders.data + "Logfile.txt"); },
+      [this] {
+        if (AutoUpdate) AutoUpdateIfDue();
+      },
+      [this] { ShowDateCaption(); },
+      [this] { pages.unique.UniqueClicked(); },
+      [this] {
+        if (DisplayStartupTipsNew == 1) ShowStartupTips();
+      },
+      [this] { SetupCommandBars(); },
+      [this] { BuildRibbon(); },
+      [this] { LoadLayout(); },
+      [this] { Profile_List_Update(); },
+      [this] { ApplyStyle(CurrentStyle); },
+  };
+  for (const auto& step : steps) Attempt(step);
+  ProgramLoading = false;
+}
+
+void Form1::ClearStatusBar() {
   statusBar.Set(0, "");
   statusBar.Set(1, "");
-  SetInitialOptions();
-  pages.ResetSettings();
-  GetConfiguration();
-  pages.UpdateMoveControls();
-  AskAutoUpdate();
-  log.SetPath(world_.folders.data + "Logfile.txt");
-  if (AutoUpdate) AutoUpdateIfDue();
+}
+
+void Form1::ShowDateCaption() {
   ListView1.SetCaption(Column::Date, scan.DateColumnMode == 1 ? "Date Created" : "Date Modified");
-  pages.unique.UniqueClicked();
-  if (DisplayStartupTipsNew == 1) ShowStartupTips();
-  SetupCommandBars();
-  BuildRibbon();
-  Profile_List_Update();
-  ApplyStyle(CurrentStyle);
-  ProgramLoading = false;
 }
 
 void Form1::SetInitialOptions() {
@@ -85,7 +107,7 @@ void Form1::ExitProgram() {
   // A subfolder scan that is still on the stack ends at its next folder.
   scan.StopSubfolderScan = true;
   ExitDone = true;
-  SaveSettings();
+  Attempt([this] { SaveSettings(); });
   if (unload) unload();
 }
 
@@ -93,7 +115,6 @@ void Form1::Dispatch(int number) {
   switch (number) {
     case commandReset:
       pages.ResetSettings();
-      if (layoutChanged) layoutChanged();
       break;
     case commandExit:
       ExitProgram();
@@ -119,6 +140,12 @@ void Form1::GetConfiguration() {
   scan.SelectFolder(world_.home);
 }
 
+void Form1::LoadSkin() {}
+void Form1::BuildPaths() {}
+void Form1::CreateThumbnailGenerator() {}
+void Form1::LoadGenreLists() {}
+void Form1::LoadLayout() {}
+void Form1::DeleteHighlighted() {}
 void Form1::SaveSettings() {}
 void Form1::AskAutoUpdate() {}
 void Form1::AutoUpdateIfDue() {}

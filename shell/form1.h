@@ -18,6 +18,7 @@
 #include "engine/unique_parameter.h"
 #include "filelist/folder_scan.h"
 #include "platform/program_folders.h"
+#include "shell/blinker.h"
 #include "shell/manual_rename.h"
 #include "store/log_file.h"
 
@@ -65,6 +66,12 @@ class Form1 {
   bool FirstRun = true;
   int DisplayStartupTipsNew = 1;
   std::string CurrentStyle;
+  std::string AutoUpdateLastCheck;
+  int ThumbnailWarning = 1;
+  // In twips, at least 1. Read and written, but the window opens where the desktop puts it.
+  int WindowTop = 1;
+  int WindowLeft = 1;
+  Blinker blinker;
   std::size_t ManualRenameRow = 0;
 
   // Form_Load: everything from the panes to the first scan. Called once, before the window shows.
@@ -74,22 +81,33 @@ class Form1 {
   // A number that no command bears does nothing.
   void Dispatch(int number);
 
-  // Keys at window level. Escape stops a fill; Alt+D goes to the address.
+  // Keys at window level. Escape stops a fill; Alt+D goes to the address; Delete is the list's
+  // only while that has the focus, and edits text elsewhere.
   void EscapeKey() { scan.AbortRequested = true; }
+  void DeleteKey() {
+    if (ListHasFocus) DeleteHighlighted();
+  }
   void AddressShortcut() { screen.RequestFocus(pane.Txt_Address); }
 
   // Opens the dialog that renames the highlighted row; nothing without one.
   void OpenManualRename();
 
-  // Set by the window: shows the dialog until it closes; closes the main window; lays it out.
+  // Set by the window: shows the dialog until it closes; closes the main window.
   std::function<void(ManualRename&)> showManualRename;
   std::function<void()> unload;
-  std::function<void()> layoutChanged;
 
  private:
   void WireButtons();
   void SetInitialOptions();
-  // Named steps of start and end that have little to do as long as nothing is stored.
+  void ClearStatusBar();
+  void ShowDateCaption();
+  // Named steps that have little to do as long as nothing is stored, styled or read from tags.
+  void LoadSkin();
+  void BuildPaths();
+  void CreateThumbnailGenerator();
+  void LoadGenreLists();
+  void LoadLayout();
+  void DeleteHighlighted();
   void GetConfiguration();
   void SaveSettings();
   void AskAutoUpdate();

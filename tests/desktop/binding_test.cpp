@@ -46,7 +46,7 @@ TEST_F(BindingTest, ATickFollowsBothWays) {
   QCheckBox* box = binder.Add(tick, &window, 'i');
   EXPECT_EQ(box->objectName(), QStringLiteral("Check"));
   EXPECT_EQ(box->text(), QStringLiteral("&In&&clude"));
-  EXPECT_EQ(box->toolTip(), QStringLiteral("<qt>&lt;b&gt;</qt>"));
+  EXPECT_EQ(box->toolTip(), QStringLiteral("<p style='white-space:pre-wrap'>&lt;b&gt;</p>"));
   box->click();
   EXPECT_EQ(tick.Value(), 1);
   EXPECT_EQ(rules, 1);

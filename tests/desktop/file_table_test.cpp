@@ -85,7 +85,7 @@ TEST_F(FileTableTest, NamesAreShownAsPlainVisibleText) {
   model().Sync();
   EXPECT_EQ(Cell(0, Column::FileName), QStringLiteral("<b>\u21B5\uFFFD"));
   EXPECT_EQ(model().index(0, SectionOf(Column::FileName)).data(Qt::ToolTipRole).toString(),
-            QStringLiteral("<qt>&lt;b&gt;\u21B5\uFFFD</qt>"));
+            QStringLiteral("<p style='white-space:pre-wrap'>&lt;b&gt;\u21B5\uFFFD</p>"));
 }
 
 TEST_F(FileTableTest, OutcomesHaveTheirColours) {

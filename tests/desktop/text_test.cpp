@@ -50,7 +50,7 @@ TEST(WindowText, NothingInANameIsInvisibleOrTurnsOthersRound) {
 
 TEST(WindowText, MarkupInAToolTipIsShownAsItStands) {
   EXPECT_EQ(PlainToolTip(QStringLiteral("<b>x</b> & y")),
-            QStringLiteral("<qt>&lt;b&gt;x&lt;/b&gt; &amp; y</qt>"));
+            QStringLiteral("<p style='white-space:pre-wrap'>&lt;b&gt;x&lt;/b&gt; &amp; y</p>"));
   EXPECT_EQ(PlainToolTip({}), QString());
 }
 
