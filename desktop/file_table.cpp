@@ -45,6 +45,11 @@ class BadgeDelegate : public QStyledItemDelegate {
   void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override {
     QStyledItemDelegate::initStyleOption(option, index);
     option->backgroundBrush = {};
+    // A highlighted row keeps the colour that tells how it went; its badge isn't painted.
+    const QVariant text = index.data(Qt::ForegroundRole);
+    if (text.isValid() && !index.data(Qt::BackgroundRole).isValid()) {
+      option->palette.setColor(QPalette::HighlightedText, text.value<QColor>());
+    }
     option->state &= ~QStyle::State_HasFocus;
   }
 };
@@ -71,6 +76,11 @@ FileTable::FileTable(FileList& list, QWidget* parent) : QTableView(parent), mode
 }
 
 void FileTable::SetUpLook() {
+  // Light enough for the colours of the outcomes to stand on it.
+  QPalette colours = palette();
+  colours.setColor(QPalette::Highlight, QColor(0xd3, 0xe4, 0xf7));
+  colours.setColor(QPalette::HighlightedText, colours.color(QPalette::Text));
+  setPalette(colours);
   setShowGrid(false);
   setAlternatingRowColors(true);
   setWordWrap(false);

@@ -2,6 +2,7 @@
 
 #include <QHeaderView>
 #include <QKeyEvent>
+#include <QScrollBar>
 #include <QTimer>
 
 namespace tallowbrook {
@@ -39,6 +40,8 @@ void FolderTree::ShowFolder(std::string_view path) {
     setCurrentIndex(found);
     if (!found.parent().isValid()) expand(found);
     scrollTo(found, PositionAtCenter);
+    // The arrows and the beginning of each name stay in sight.
+    horizontalScrollBar()->setValue(0);
   } else {
     selectionModel()->clear();
   }
