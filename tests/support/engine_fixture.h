@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 #include "engine/name_builder.h"
 #include "engine/preview.h"
 #include "engine/rename_pages.h"
@@ -24,24 +26,75 @@ class EngineTest : public testing::Test {
     run.updateMoveControls = [this] { pages.UpdateMoveControls(); };
   }
 
+  using Lines = std::vector<std::string>;
+  using Pairs = std::vector<std::pair<std::string, std::string>>;
+
   // Sets a control by its name.
   void Set(std::string_view name, std::string_view value) {
     Control* control = screen.Find(name);
     ASSERT_NE(control, nullptr) << name;
     ASSERT_TRUE(control->SetValueText(value)) << name << " = " << value;
   }
+  // Sets several: "Check_Unique=0|Combo_Find=x".
+  void Set(std::string_view fields) {
+    while (!fields.empty()) {
+      const std::string_view field = fields.substr(0, fields.find('|'));
+      Set(field.substr(0, field.find('=')), field.substr(field.find('=') + 1));
+      fields.remove_prefix(std::min(fields.size(), field.size() + 1));
+    }
+  }
   std::string Build(std::string_view fileName, std::int32_t counter = 0) {
     return names.BuildNewName(fileName, counter, "/d/");
   }
+  void Scan(std::string_view below = {}) { scan.ScanFolder(folder.Path(below)); }
   // Makes the files and lists the folder.
   void List(std::initializer_list<std::string> fileNames) {
     for (const std::string& name : fileNames) folder.Write(name, "bytes of " + name);
-    scan.ScanFolder(folder.Path());
+    Scan();
   }
-  std::vector<std::string> NewNames() {
-    std::vector<std::string> texts;
-    for (std::size_t i = 1; i <= list.Count(); ++i) texts.push_back(list.Row(i).newName);
+  // Makes files "f100", "f101" and so on.
+  void Fill(int count, const std::string& prefix = "f") {
+    for (int i = 0; i < count; ++i) folder.Write(prefix + std::to_string(100 + i));
+  }
+  // At the n-th of the yields to come.
+  void AtYield(int n, std::function<void()> action) {
+    events.yields = 0;
+    events.atYield = {{n, std::move(action)}};
+  }
+  // One text a row.
+  template <typename Text>
+  Lines Rows(Text text) {
+    Lines texts;
+    for (std::size_t i = 1; i <= list.Count(); ++i) texts.push_back(text(i));
     return texts;
+  }
+  Lines Names() {
+    return Rows([this](std::size_t i) { return list.Row(i).name; });
+  }
+  Lines NewNames() {
+    return Rows([this](std::size_t i) { return list.Row(i).newName; });
+  }
+  // Builds the preview and gives the column.
+  Lines Previewed() {
+    preview.PreviewFiles();
+    return NewNames();
+  }
+  // Full paths, the folder's own as "~/".
+  Lines Paths() {
+    return Rows([this](std::size_t i) { return Short(list.FullPath(i)); });
+  }
+  // "x" a checked row, "." another.
+  std::string Marks() {
+    std::string marks;
+    for (std::size_t i = 1; i <= list.Count(); ++i) marks += list.Row(i).Checked ? 'x' : '.';
+    return marks;
+  }
+  // With the folder's path as "~/".
+  std::string Short(std::string text) const {
+    for (std::size_t at; (at = text.find(folder.Path())) != std::string::npos;) {
+      text.replace(at, folder.Path().size(), "~/");
+    }
+    return text;
   }
 
   TemporaryFolder folder;

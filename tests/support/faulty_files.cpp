@@ -1,31 +1,8 @@
 // The forwarding, with a look at the rules before each call.
 #include "tests/support/faulty_files.h"
 
-#include <limits>
-
 namespace tallowbrook {
 namespace {
-
-constexpr int forEver = std::numeric_limits<int>::max();
-
-class FaultyListing : public FolderListing {
- public:
-  FaultyListing(FaultyFiles& faults, std::string folder, std::unique_ptr<FolderListing> listing)
-      : faults_(faults), folder_(std::move(folder)), listing_(std::move(listing)) {}
-  std::size_t Size() const override { return listing_->Size(); }
-  std::string_view Name(std::size_t index) const override { return listing_->Name(index); }
-  EntryKind Kind(std::size_t index) const override { return listing_->Kind(index); }
-  std::optional<FileFacts> Facts(std::size_t index) const override {
-    const std::string path = JoinPath(folder_, Name(index));
-    if (faults_.Enter(FileCall::Facts, path) != FileError::None) return std::nullopt;
-    return listing_->Facts(index);
-  }
-
- private:
-  FaultyFiles& faults_;
-  std::string folder_;
-  std::unique_ptr<FolderListing> listing_;
-};
 
 class FaultyAppendFile : public AppendFile {
  public:
@@ -44,14 +21,6 @@ class FaultyAppendFile : public AppendFile {
 
 }  // namespace
 
-void FaultyFiles::FailFrom(FileCall call, int n, FileError error) {
-  rules_.push_back({call, n, forEver, {}, error});
-}
-
-void FaultyFiles::FailPath(FileCall call, const std::string& path, FileError error) {
-  rules_.push_back({call, 1, forEver, path, error});
-}
-
 FileError FaultyFiles::Enter(FileCall call, const std::string& path, const std::string& otherPath) {
   const int n = ++counts_[static_cast<std::size_t>(call)];
   for (const Rule& rule : rules_) {
@@ -63,22 +32,9 @@ FileError FaultyFiles::Enter(FileCall call, const std::string& path, const std::
 
 std::unique_ptr<FolderListing> FaultyFiles::ListFolder(const std::string& path, FileError* error) {
   const FileError fault = Enter(FileCall::List, path);
-  if (fault == FileError::None) {
-    auto listing = files_.ListFolder(path, error);
-    if (listing == nullptr) return nullptr;
-    return std::make_unique<FaultyListing>(*this, path, std::move(listing));
-  }
+  if (fault == FileError::None) return files_.ListFolder(path, error);
   if (error != nullptr) *error = fault;
   return nullptr;
-}
-
-std::optional<FileFacts> FaultyFiles::Facts(const std::string& path) {
-  if (Enter(FileCall::Facts, path) != FileError::None) return std::nullopt;
-  return files_.Facts(path);
-}
-
-bool FaultyFiles::Exists(const std::string& path) {
-  return Enter(FileCall::Exists, path) == FileError::None && files_.Exists(path);
 }
 
 FileError FaultyFiles::Rename(const std::string& folder, const std::string& name,
@@ -109,11 +65,6 @@ std::unique_ptr<AppendFile> FaultyFiles::OpenForAppend(const std::string& path,
   }
   if (error != nullptr) *error = fault;
   return nullptr;
-}
-
-std::optional<std::string> FaultyFiles::ReadWhole(const std::string& path) {
-  if (Enter(FileCall::Read, path) != FileError::None) return std::nullopt;
-  return files_.ReadWhole(path);
 }
 
 }  // namespace tallowbrook

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <array>
+#include <limits>
 #include <string>
 #include <vector>
 
@@ -9,11 +10,10 @@
 
 namespace tallowbrook {
 
-// Facts counts those of paths and of listings; Write those of every AppendFile given out.
-enum class FileCall { List, Facts, Exists, Rename, Copy, Delete, Open, Write, Read };
+// Write counts those of every AppendFile given out.
+enum class FileCall { List, Rename, Copy, Delete, Open, Write };
 
-// Outlives what it gives out. Where a call reports no error, a failing one answers as if nothing
-// were there. A failing call never reaches the real files.
+// Outlives what it gives out. A failing call never reaches the real files.
 class FaultyFiles : public Files {
  public:
   explicit FaultyFiles(Files& files) : files_(files) {}
@@ -21,24 +21,26 @@ class FaultyFiles : public Files {
   int Count(FileCall call) const { return counts_[static_cast<std::size_t>(call)]; }
   // The n-th call of that kind from 1; earlier calls count.
   void FailAt(FileCall call, int n, FileError error) { rules_.push_back({call, n, n, {}, error}); }
-  void FailFrom(FileCall call, int n, FileError error);
   // Every call on that path; of Rename and Copy either path.
-  void FailPath(FileCall call, const std::string& path, FileError error);
-  void FailNothing() { rules_.clear(); }
+  void FailPath(FileCall call, const std::string& path, FileError error) {
+    rules_.push_back({call, 1, std::numeric_limits<int>::max(), path, error});
+  }
 
   // Counts one call and gives the error that it has to fail with, None for a call to pass on.
   FileError Enter(FileCall call, const std::string& path, const std::string& otherPath = {});
 
   std::unique_ptr<FolderListing> ListFolder(const std::string& path, FileError* error) override;
-  std::optional<FileFacts> Facts(const std::string& path) override;
-  bool Exists(const std::string& path) override;
+  std::optional<FileFacts> Facts(const std::string& path) override { return files_.Facts(path); }
+  bool Exists(const std::string& path) override { return files_.Exists(path); }
   FileError Rename(const std::string& folder, const std::string& name,
                    const std::string& newName) override;
   FileError Copy(const std::string& source, const std::string& target) override;
   FileError Delete(const std::string& path) override;
   std::unique_ptr<AppendFile> OpenForAppend(const std::string& path, std::string_view wholeEnds,
                                             FileError* error) override;
-  std::optional<std::string> ReadWhole(const std::string& path) override;
+  std::optional<std::string> ReadWhole(const std::string& path) override {
+    return files_.ReadWhole(path);
+  }
 
  private:
   struct Rule {
@@ -49,7 +51,7 @@ class FaultyFiles : public Files {
   };
 
   Files& files_;
-  std::array<int, 9> counts_{};
+  std::array<int, 6> counts_{};
   std::vector<Rule> rules_;
 };
 

@@ -1,0 +1,187 @@
+// The short operations on real files, listings of real folders, the order of names, and names as
+// text.
+#include "platform/files.h"
+
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+
+#include <algorithm>
+#include <random>
+
+#include "base/letter_case.h"
+#include "base/text.h"
+#include "platform/name_order.h"
+#include "tests/support/temporary_folder.h"
+
+namespace tallowbrook {
+namespace {
+
+class SystemFilesTest : public testing::Test {
+ protected:
+  SystemFilesTest() {
+    folder_.Write("file", std::string("a\0b\r\n", 5));
+    folder_.MakeFolder("folder");
+    folder_.MakeLink("link", "file");
+    folder_.MakeLink("dangling", "nowhere");
+    mkfifo(folder_.Path("pipe").c_str(), 0600);
+  }
+
+  TemporaryFolder folder_;
+  SystemFiles files_;
+};
+
+TEST_F(SystemFilesTest, FactsFollowLinksAndExistsDoesNot) {
+  folder_.SetTime("file", 1000000000);
+  const FileFacts facts = files_.Facts(folder_.Path("link")).value();
+  EXPECT_TRUE(facts.kind == EntryKind::File && facts.size == 5 && facts.created != 0);
+  EXPECT_EQ(facts.modified, 1000000000);
+  EXPECT_EQ(files_.Facts(folder_.Path())->kind, EntryKind::Folder);
+  EXPECT_FALSE(files_.Facts(folder_.Path("dangling")));
+  EXPECT_TRUE(files_.Exists(folder_.Path("dangling")));
+  EXPECT_FALSE(files_.Exists(folder_.Path("missing")));
+}
+
+TEST_F(SystemFilesTest, DeleteTakesFilesAndLinksButNoFolder) {
+  EXPECT_EQ(files_.Delete(folder_.Path("folder")), FileError::IsFolder);
+  EXPECT_EQ(files_.Delete(folder_.Path("missing")), FileError::NotFound);
+  EXPECT_EQ(files_.Delete(folder_.Path("link")), FileError::None);
+  EXPECT_EQ(files_.Delete(folder_.Path("dangling")), FileError::None);
+  EXPECT_EQ(folder_.Names(), (std::vector<std::string>{"file", "folder", "pipe"}));
+}
+
+TEST_F(SystemFilesTest, ReadWholeGivesEveryByteOfFilesOnly) {
+  const std::string big(300'001, 'x');
+  EXPECT_TRUE(files_.ReadWhole(folder_.Write("big", big)) == big);
+  EXPECT_EQ(files_.ReadWhole(folder_.Write("empty")), "");
+  EXPECT_EQ(files_.ReadWhole(folder_.Path("link")), std::string("a\0b\r\n", 5));
+  EXPECT_NE(files_.ReadWhole("/proc/version").value_or(""), "");  // its size reads as 0
+  for (const char* name : {"folder", "missing", "dangling", "pipe"}) {
+    EXPECT_FALSE(files_.ReadWhole(folder_.Path(name))) << name;
+  }
+}
+
+TEST(ListFolder, GivesVisibleEntriesWithTheirKindsByNameIgnoringCase) {
+  const TemporaryFolder folder;
+  for (const char* name : {"b", "B", "a", ".hidden", "Z", "\xFFstray", "\xC3\xA4"})
+    folder.Write(name);
+  folder.MakeFolder("bb");
+  folder.MakeFolder(".git");
+  folder.MakeLink("link to file", "a");
+  folder.MakeLink("link to folder", "bb");
+  folder.MakeLink("link to itself", "link to itself");
+  folder.MakeLink("link to link", "link to folder");
+  folder.MakeLink("link to nothing", "nowhere");
+  mkfifo(folder.Path("pipe").c_str(), 0600);
+  const auto listing = SystemFiles().ListFolder(folder.Path(), nullptr);
+  std::string found;
+  for (std::size_t i = 0; i < listing->Size(); ++i) {
+    found += std::string(listing->Name(i)) + "FDLO"[static_cast<int>(listing->Kind(i))] + ";";
+    EXPECT_EQ(*listing->Name(i).end(), '\0');
+  }
+  EXPECT_EQ(found,
+            "aF;BF;bF;bbD;link to fileF;link to folderL;link to itselfO;link to linkL;"
+            "link to nothingO;pipeO;ZF;\u00E4F;\xFFstrayF;");
+}
+
+TEST(ListFolder, GivesFactsOfWhatAnEntryLeadsToEvenAfterTheFolderHasMoved) {
+  const TemporaryFolder folder;
+  folder.MakeFolder("old");
+  folder.Write("old/file", "12345");
+  folder.SetTime("old/file", -86400, 999999999);
+  folder.MakeLink("old/link", "file");
+  folder.Write("old/passing");
+  SystemFiles files;
+  const auto listing = files.ListFolder(folder.Path("old"), nullptr);
+  ASSERT_EQ(files.Delete(folder.Path("old/passing")), FileError::None);
+  ASSERT_EQ(files.Rename(folder.Path(), "old", "new"), FileError::None);
+  for (std::size_t i : {0, 1}) {
+    const FileFacts facts = listing->Facts(i).value();
+    EXPECT_TRUE(facts.kind == EntryKind::File && facts.size == 5 && facts.modified == -86400);
+  }
+  EXPECT_FALSE(listing->Facts(2));
+}
+
+TEST(ListFolder, TellsWhyItCannotRead) {
+  const TemporaryFolder folder;
+  FileError error = FileError::None;
+  EXPECT_EQ(SystemFiles().ListFolder(folder.Path("missing"), &error), nullptr);
+  EXPECT_EQ(error, FileError::NotFound);
+  EXPECT_EQ(SystemFiles().ListFolder(folder.Write("file"), &error), nullptr);
+  EXPECT_EQ(error, FileError::NotFolder);
+}
+
+// Names of few different characters share long beginnings, and differ just at, before and behind
+// the eight bytes that are compared at once.
+TEST(OrderOfNames, IsThatOfTheComparisonIgnoringCase) {
+  const auto letters =
+      Split("a A b . \xC3\xA4 \xC3\x84 \xC3 \xFF \xE2\x82\xAC \xEF\xBF\xBD \xF0\x9F\x98\x80", ' ');
+  std::mt19937 random(1);
+  for (std::size_t round = 0; round < 200; ++round) {
+    const std::size_t used = round % 2 == 0 ? 2 : letters.size();
+    std::vector<std::string> names(60, std::string(random() % 20, 'x')), ordered;
+    for (std::string& name : names) {
+      for (auto n = random() % 12; n > 0; --n) name += letters[random() % used];
+    }
+    const std::vector<std::string_view> views(names.begin(), names.end());
+    for (std::uint32_t index : OrderOfNames(views)) ordered.push_back(names[index]);
+    std::sort(names.begin(), names.end(), [](const std::string& a, const std::string& b) {
+      const auto order = CompareIgnoringCase(a, b);
+      return order != 0 ? order < 0 : a < b;
+    });
+    ASSERT_EQ(ordered, names) << "round " << round;
+  }
+}
+
+TEST(IsValidName, TakesWhatCanBeANewNameAndNothingElse) {
+  for (const std::string& name :
+       {std::string("..."), std::string(".hidden"), std::string(" "),
+        std::string("a:b*c\\d|\"<>\xC3\xA4\xFF\x80"), std::string(255, 'x')}) {
+    EXPECT_TRUE(IsValidName(name)) << name;
+  }
+  for (const std::string& name :
+       {std::string(), std::string("."), std::string(".."), std::string("a/b"), std::string("a?"),
+        std::string("a\n"), std::string("\x1F"), std::string("\x7F"), std::string("a\0b", 3),
+        std::string(256, 'x')}) {
+    EXPECT_FALSE(IsValidName(name)) << name;
+  }
+}
+
+TEST(MatchesPattern, KnowsWildcardsByCharactersIgnoringCase) {
+  // A pattern, names that it matches, names that it doesn't. A stray byte is part of no character.
+  const std::tuple<const char*, std::vector<std::string>, std::vector<std::string>> rows[] = {
+      {"*.*", {"readme", ""}, {}},
+      {"a*.*", {"abc"}, {"bac"}},
+      {"readme.*", {"readme"}, {}},
+      {"*.*.*", {"readme"}, {}},
+      {"*.", {"readme", "a."}, {"a.txt"}},
+      {"*.jpg", {"a.JPG"}, {"a.jpg.bak"}},
+      {"*.jp?g", {"a.jpeg"}, {"a.jpg"}},
+      {"?.TXT", {"\xC3\x84.txt", "\xFF.txt"}, {}},
+      {"\xC3\xA4.t??", {"\xC3\x84.txt"}, {"\xC3\x84.tx"}},
+      {"*\xA4y", {}, {"x\xC3\xA4y"}},
+      {"*a?b", {"aab"}, {"ab"}},
+      {"", {""}, {"a"}},
+      {"?", {}, {""}},
+      {"a\\*", {}, {"a*"}},
+      {"a[b]", {"a[b]"}, {"ab"}},
+  };
+  for (const auto& [pattern, good, bad] : rows) {
+    for (const auto& name : good) EXPECT_TRUE(MatchesPattern(name, pattern)) << name << pattern;
+    for (const auto& name : bad) EXPECT_FALSE(MatchesPattern(name, pattern)) << name << pattern;
+  }
+}
+
+// Trying all ways of the stars would outlast the test's time limit by ages.
+TEST(MatchesPattern, EndsWithManyStars) {
+  std::string pattern;
+  for (int i = 0; i < 100; ++i) pattern += "*a";
+  EXPECT_FALSE(MatchesPattern(std::string(255, 'a'), pattern + "*b"));
+}
+
+TEST(Paths, AreJoinedByOneSlash) {
+  EXPECT_EQ(JoinPath("/x/", "a") + JoinPath("/x", "a") + JoinPath("", "a"), "/x/a/x/aa");
+  EXPECT_EQ(WithSlash("/x") + WithSlash("/x/") + WithSlash(""), "/x//x/");
+}
+
+}  // namespace
+}  // namespace tallowbrook
