@@ -95,7 +95,8 @@ TEST_F(NewNameTest, RandomLettersAndDatesGiveNoValue) {
 
 TEST_F(NewNameTest, DatesRunByTheirInterval) {
   const auto start = [](const std::string& month, const std::string& day, const std::string& year) {
-    return "Combo_UniqueDateStart0=" + month + "|Combo_UniqueDateStart1=" + day + "|Combo_UniqueDateStart2=" + year;
+    const std::string field = "Combo_UniqueDateStart";
+    return field + "0=" + month + "|" + field + "1=" + day + "|" + field + "2=" + year;
   };
   const std::string shapes = "|Combo_UniqueDate0=2|Combo_UniqueDate1=4|Combo_UniqueDate2=6";
   Check("Text_Seperator=|Combo_Unique=2", {
@@ -116,8 +117,8 @@ TEST_F(NewNameTest, DatesRunByTheirInterval) {
 }
 
 TEST_F(NewNameTest, RemovesCharactersByPosition) {
-  const auto cut = [](const std::string& count, const std::string& startIndex, const std::string& fromEnd) {
-    return "Combo_RemoveChars=" + count + "|Combo_RemoveStarting=" + startIndex + "|Check_StartFromLast=" + fromEnd;
+  const auto cut = [](const std::string& count, const std::string& at, const std::string& fromEnd) {
+    return "Combo_RemoveChars=" + count + "|Combo_RemoveStarting=" + at + "|Check_StartFromLast=" + fromEnd;
   };
   const std::string name = "abcdefgh.txt";
   Check("TabIndex=1", {

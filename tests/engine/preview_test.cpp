@@ -116,9 +116,10 @@ TEST_F(PreviewTest, TicksGovernTheirFields) {
   EXPECT_FALSE(settings.Text_Prefix.Enabled());  // a fresh start has the box off
   // clang-format off
   for (const auto& [box, field] : Pairs{
-           {"Check_Prefix", "Text_Prefix"}, {"Check_Suffix", "Text_Suffix"}, {"Check_Unique", "Text_UniqueMask"},
+           {"Check_Prefix", "Text_Prefix"}, {"Check_Suffix", "Text_Suffix"},
            {"Check_Seperator", "Text_Seperator"}, {"Check_Original", "Combo_Original"},
-           {"Check_Extension", "Combo_Extension"}, {"Check_MoveEnable", "Txt_MoveTo"}}) {
+           {"Check_Extension", "Combo_Extension"}, {"Check_MoveEnable", "Txt_MoveTo"},
+           {"Check_Unique", "Text_UniqueMask"}}) {
     for (const char* value : {"1", "0"}) {
       Set(box, value);
       EXPECT_EQ(screen.Find(field)->Enabled(), *value == '1') << box << "=" << value;
