@@ -20,7 +20,7 @@ program_packages=(g++ cmake ninja-build pkg-config libpcre2-dev qt6-base-dev qt6
                   libqt6svg6 fonts-dejavu-core)
 # What shows it where no display is.
 tour_packages=(xvfb)
-check_packages=(libgtest-dev libgmock-dev clang-format clang-tidy python3)
+check_packages=(git libgtest-dev libgmock-dev clang-format clang-tidy python3)
 measure_packages=(libbenchmark-dev)
 
 jobs=$(nproc)
