@@ -4,6 +4,7 @@
 #include <stdexcept>
 
 #include "shell/commands.h"
+#include "store/log_format.h"
 #include "tests/support/fakes.h"
 #include "tests/support/temporary_folder.h"
 
@@ -68,6 +69,45 @@ TEST_F(Form1Test, ButtonsPreviewAndApplyAndTheLogTellsOfIt) {
                 "a-0001.txt?\x06\x05\r\n"
                 "1\x06 " +
                 path + "b.txt?" + path + "b-0002.txt?\x06\x05\r\n\x07\r\n");
+}
+
+// Through scan, preview, run and log, and from the log back to the same bytes. Names that no file
+// gets any more leave for new ones; the others keep theirs and get a prefix.
+TEST_F(Form1Test, NamesOfAnyBytesGoAllTheWay) {
+  const std::vector<std::string> odd = {" both ends ",        "\"quotes\" '",       "new\nline\r",
+                                        "\x05\x06\x07\x10",   "\xff\xfe stray",     "what?",
+                                        "日本語 😀 e\xcc\x81", std::string(255, 'n')};
+  for (const std::string& name : odd) home.Write(name, name);
+  form.Load();
+  ASSERT_EQ(form.ListView1.Count(), odd.size() + 2);
+  Find("Check_Prefix").SetValueText("1");
+  Find("Text_Prefix").SetValueText("p-");
+  Find("Check_Unique").SetValueText("0");
+  Find("Check_Seperator").SetValueText("0");
+  Press("Cmd_Apply");  // what is refused here gets a number below
+  Find("Check_Unique").SetValueText("1");
+  Find("Combo_Original").SetValueText("1");
+  Find("Combo_OriginalName").SetValueText(" é ");
+  Press("Cmd_Preview");
+  std::vector<std::string> previewed;
+  for (std::size_t i = 1; i <= form.ListView1.Count(); ++i) {
+    previewed.push_back(form.ListView1.Row(i).newName);
+  }
+  Press("Cmd_Apply");
+  const std::string log = data.Read("Logfile.txt");
+  const auto batches = log_format::SplitBatches(log);
+  ASSERT_EQ(batches.size(), 2U);
+  const auto first = log_format::ParseEntries(*log_format::ParseBatch(batches[0]));
+  const auto second = log_format::ParseEntries(*log_format::ParseBatch(batches[1]));
+  ASSERT_EQ(first.size(), previewed.size());
+  ASSERT_EQ(second.size(), previewed.size());
+  for (std::size_t i = 0; i < previewed.size(); ++i) {
+    const std::string& then = first[i].status == "1" ? first[i].newPath : first[i].oldPath;
+    EXPECT_EQ(second[i].oldPath, then);
+    EXPECT_EQ(second[i].newPath, home.Path() + previewed[i]);
+    const std::string name = first[i].oldPath.substr(home.Path().size());
+    EXPECT_EQ(home.Read(previewed[i]), name == "a.txt" ? "1" : name == "b.txt" ? "2" : name);
+  }
 }
 
 TEST_F(Form1Test, TheEndComesOnceAndWaitsForAScan) {
