@@ -4,16 +4,8 @@
 
 #include <gtest/gtest.h>
 
-#include <QAbstractItemView>
-#include <QCheckBox>
-#include <QComboBox>
-#include <QDateEdit>
-#include <QGroupBox>
-#include <QLabel>
-#include <QLineEdit>
-#include <QPushButton>
-#include <QRadioButton>
 #include <QTest>
+#include <QtWidgets>
 
 #include "desktop/binder.h"
 
@@ -22,78 +14,63 @@ namespace tallowbrook {
 class BindingTest : public testing::Test {
  protected:
   // Counts how often the rule of a control runs.
-  int& Count(Control& control) {
-    int& count = counts_[&control];
-    control.rule = [&count] { ++count; };
-    return count;
+  void Count(Control& control) {
+    control.rule = [this] { ++rules; };
   }
   void Show() {
     window.show();
-    ASSERT_TRUE(QTest::qWaitForWindowExposed(&window));
+    window.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
   }
 
   Screen screen;
   QWidget window;
   Binder binder{screen};
-
- private:
-  std::map<Control*, int> counts_;
+  int rules = 0;
 };
 
 TEST_F(BindingTest, ATickFollowsBothWays) {
   Tick tick(screen, {.name = "Check", .caption = "In&clude", .tip = "<b>"}, 0);
-  int& rules = Count(tick);
+  Count(tick);
   QCheckBox* box = binder.Add(tick, &window, 'i');
-  EXPECT_EQ(box->objectName(), QStringLiteral("Check"));
   EXPECT_EQ(box->text(), QStringLiteral("&In&&clude"));
   EXPECT_EQ(box->toolTip(), QStringLiteral("<p style='white-space:pre-wrap'>&lt;b&gt;</p>"));
   box->click();
   EXPECT_EQ(tick.Value(), 1);
-  EXPECT_EQ(rules, 1);
   tick.Set(0);
   EXPECT_FALSE(box->isChecked());
   EXPECT_EQ(rules, 2);
 }
 
-TEST_F(BindingTest, ATextKeepsItsBytesAndItsCaret) {
-  Text text(screen, {.name = "Text"},
-            "a\xFF"
-            "b");
-  int& rules = Count(text);
+TEST_F(BindingTest, ATextKeepsItsBytesAndItsCaretAndObeysItsRule) {
+  Text text(screen, {.name = "Text"}, "x\xFFy");
+  Count(text);
   QLineEdit* edit = binder.Add(text, &window);
   edit->setCursorPosition(1);
-  QTest::keyClicks(edit, QStringLiteral("x"));
-  EXPECT_EQ(text.Value(),
-            "ax\xFF"
-            "b");
-  EXPECT_EQ(rules, 1);
-  EXPECT_EQ(edit->cursorPosition(), 2);
+  QTest::keyClicks(edit, QStringLiteral("z"));
+  EXPECT_EQ(text.Value(), "xz\xFFy");
   text.Set("axyz");
   EXPECT_EQ(edit->text(), QStringLiteral("axyz"));
   EXPECT_EQ(edit->cursorPosition(), 2);
   EXPECT_EQ(rules, 2);
-}
-
-TEST_F(BindingTest, ARuleMayCorrectWhatIsTyped) {
-  Text text(screen, {.name = "Text"}, "1");
   text.rule = [&] {
     if (text.Value().empty()) text.Set("0");
   };
-  QLineEdit* edit = binder.Add(text, &window);
   edit->clear();
-  EXPECT_EQ(edit->text(), QStringLiteral("0"));
+  EXPECT_EQ(edit->text(), QStringLiteral("0")) << "a rule that corrects what is typed";
+  delete edit;
+  text.Set("x");
+  EXPECT_EQ(text.Value(), "x") << "a change behind the widget's end";
 }
 
 TEST_F(BindingTest, AListShowsItemsAndSelectionAsTheyCome) {
   List list(screen, {.name = "List"});
-  int& rules = Count(list);
+  Count(list);
   QComboBox* box = binder.Add(list, &window);
   list.SetItems({"one", "two", "three"});
-  EXPECT_EQ(box->count(), 3);
   EXPECT_EQ(box->currentIndex(), -1);
   list.Select(1);
   EXPECT_EQ(box->currentText(), QStringLiteral("two"));
-  EXPECT_EQ(rules, 1);
   Show();
   box->setFocus();
   QTest::keyClick(box, Qt::Key_Down);
@@ -104,32 +81,24 @@ TEST_F(BindingTest, AListShowsItemsAndSelectionAsTheyCome) {
   EXPECT_EQ(box->currentIndex(), 0) << "a rule that takes the choice back";
 }
 
-TEST_F(BindingTest, AHistoryIsTypedIntoAndPickedFrom) {
+TEST_F(BindingTest, AHistoryIsTypedIntoAndPickedFromUnlessItIsReadOnly) {
   History history(screen, {.name = "History"}, "first");
-  int& rules = Count(history);
+  Count(history);
   QComboBox* box = binder.Add(history, &window);
   history.SetItems({"new", "old"});
   EXPECT_EQ(box->currentText(), QStringLiteral("first")) << "items leave the text alone";
   QTest::keyClicks(box->lineEdit(), QStringLiteral("!"));
   EXPECT_EQ(history.Value(), "first!");
-  EXPECT_EQ(rules, 1);
   history.SetItems({"newer", "new", "old"});
   EXPECT_EQ(box->currentText(), QStringLiteral("first!"));
   box->setCurrentIndex(2);
-  EXPECT_EQ(history.Value(), "old");
-  EXPECT_EQ(rules, 2);
-}
-
-TEST_F(BindingTest, AReadOnlyHistoryTakesNeitherTypingNorPicking) {
-  History history(screen, {.name = "History"}, "shown");
-  history.SetItems({"a", "b"});
-  QComboBox* box = binder.Add(history, &window);
   history.SetReadOnly(true);
   QTest::keyClicks(box->lineEdit(), QStringLiteral("x"));
-  QTest::keyClick(box, Qt::Key_Down);
+  QTest::keyClick(box, Qt::Key_Up);
   box->showPopup();
-  EXPECT_EQ(history.Value(), "shown");
+  EXPECT_EQ(history.Value(), "old");
   EXPECT_FALSE(box->view()->isVisible());
+  EXPECT_EQ(rules, 2);
 }
 
 TEST_F(BindingTest, ProposalsMayChangeWithEveryKey) {
@@ -137,34 +106,29 @@ TEST_F(BindingTest, ProposalsMayChangeWithEveryKey) {
   field.rule = [&] { field.SetItems({field.Value() + "1", field.Value() + "2"}); };
   QComboBox* box = binder.Add(field, &window);
   QTest::keyClicks(box->lineEdit(), QStringLiteral("abc"));
-  EXPECT_EQ(field.Value(), "abc");
   EXPECT_EQ(box->currentText(), QStringLiteral("abc"));
   EXPECT_EQ(box->itemText(1), QStringLiteral("abc2"));
 }
 
 TEST_F(BindingTest, OneOptionOfAGroupIsOn) {
-  Option files(screen, {.name = "Files", .caption = "Files"}, "View", true);
-  Option folders(screen, {.name = "Folders", .caption = "Folders"}, "View");
-  Option other(screen, {.name = "Other", .caption = "Other"}, "Else", true);
-  int& rules = Count(folders);
+  Option files(screen, {.name = "Files"}, "View", true);
+  Option folders(screen, {.name = "Folders"}, "View");
+  Option other(screen, {.name = "Other"}, "Else", true);
+  Count(folders);
   QRadioButton* filesButton = binder.Add(files, &window);
   QRadioButton* foldersButton = binder.Add(folders, &window);
   QRadioButton* otherButton = binder.Add(other, &window);
   foldersButton->click();
   EXPECT_TRUE(folders.On());
-  EXPECT_EQ(rules, 1);
-  EXPECT_FALSE(filesButton->isChecked());
-  EXPECT_TRUE(otherButton->isChecked());
+  EXPECT_TRUE(otherButton->isChecked() && !filesButton->isChecked());
   files.Choose();
-  EXPECT_TRUE(filesButton->isChecked());
-  EXPECT_FALSE(foldersButton->isChecked());
+  EXPECT_TRUE(filesButton->isChecked() && !foldersButton->isChecked());
   EXPECT_EQ(rules, 1);
 }
 
 TEST_F(BindingTest, ADateKeepsItsTimeOfDay) {
   DateField date(screen, {.name = "Date"}, *MakeDate({2005, 9, 11, 7, 1, 2}));
   QDateEdit* edit = binder.Add(date, &window);
-  EXPECT_EQ(edit->date(), QDate(2005, 9, 11));
   edit->setDate(QDate(2024, 2, 29));
   EXPECT_EQ(date.Value(), *MakeDate({2024, 2, 29, 7, 1, 2}));
   date.Set(*MakeDate({1601, 1, 1, 0, 0, 0}));
@@ -173,10 +137,9 @@ TEST_F(BindingTest, ADateKeepsItsTimeOfDay) {
 
 TEST_F(BindingTest, AButtonPressesAndShowsItsCaption) {
   Button button(screen, {.name = "Push", .caption = "Scan"});
-  int& rules = Count(button);
+  Count(button);
   QPushButton* push = binder.Add(button, &window, 's');
   push->click();
-  EXPECT_EQ(rules, 1);
   button.SetCaption("Stop Scan");
   EXPECT_EQ(push->text(), QStringLiteral("&Stop Scan"));
   button.SetEnabled(false);
@@ -205,13 +168,11 @@ TEST_F(BindingTest, LookFollowsAndHiddenPlacesComeBack) {
   frame.SetVisible(true);
   EXPECT_TRUE(edit->isVisible());
   text.SetVisible(false);
-  EXPECT_FALSE(edit->isVisible());
-  EXPECT_FALSE(caption->isVisible());
+  EXPECT_FALSE(edit->isVisible() || caption->isVisible());
   text.SetVisible(true);
   EXPECT_TRUE(edit->isVisible());
   text.SetEnabled(false);
-  EXPECT_FALSE(edit->isEnabled());
-  EXPECT_FALSE(caption->isEnabled());
+  EXPECT_FALSE(edit->isEnabled() || caption->isEnabled());
   text.SetReadOnly(true);
   EXPECT_TRUE(edit->isReadOnly());
 }
@@ -223,20 +184,10 @@ TEST_F(BindingTest, TheModelMayAskForTheFocus) {
   QLineEdit* secondEdit = binder.Add(second, &window);
   binder.AddCaption(second, secondEdit);
   Show();
-  window.activateWindow();
-  ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
   firstEdit->setFocus();
   screen.RequestFocus(second);
   EXPECT_TRUE(secondEdit->hasFocus());
-  EXPECT_EQ(secondEdit->cursorPosition(), 3);
-  EXPECT_FALSE(secondEdit->hasSelectedText());
-}
-
-TEST_F(BindingTest, AChangeBehindAWidgetsEndIsHarmless) {
-  Text text(screen, {.name = "Text"});
-  delete binder.Add(text, &window);
-  text.Set("x");
-  EXPECT_EQ(text.Value(), "x");
+  EXPECT_TRUE(secondEdit->cursorPosition() == 3 && !secondEdit->hasSelectedText());
 }
 
 }  // namespace tallowbrook
