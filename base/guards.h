@@ -1,18 +1,18 @@
 // The two guards of code that may be abandoned half way.
 #pragma once
 
-#include <exception>
 #include <utility>
 
 namespace tallowbrook {
 
-// Runs a step; one that throws is abandoned, and its caller goes on with the next. False then.
+// Runs a step; one that throws, whatever it is, is abandoned, and its caller goes on with the
+// next. False then.
 template <typename Step>
 bool Attempt(Step step) {
   try {
     step();
     return true;
-  } catch (const std::exception&) {
+  } catch (...) {
     return false;
   }
 }

@@ -18,6 +18,18 @@ bool IsStandIn(char32_t code) {
   return code >= standInBase + 0x80 && code <= standInBase + 0xFF;
 }
 
+// The text with each character put through `map`.
+template <typename Map>
+std::string Mapped(std::string_view text, Map map) {
+  std::string result;
+  while (!text.empty()) {
+    const Character character = FirstCharacter(text);
+    AppendCharacter(result, map(character.code));
+    text.remove_prefix(character.length);
+  }
+  return result;
+}
+
 }  // namespace
 
 bool HoldsStandIns(std::string_view text) {
@@ -31,25 +43,13 @@ bool HoldsStandIns(std::string_view text) {
 
 std::optional<std::string> WithStandIns(std::string_view text) {
   if (HoldsStandIns(text)) return std::nullopt;
-  std::string result;
-  while (!text.empty()) {
-    const Character character = FirstCharacter(text);
-    AppendCharacter(result, IsStray(character.code) ? character.code - strayBase + standInBase
-                                                    : character.code);
-    text.remove_prefix(character.length);
-  }
-  return result;
+  return Mapped(
+      text, [](char32_t code) { return IsStray(code) ? code - strayBase + standInBase : code; });
 }
 
 std::string WithoutStandIns(std::string_view text) {
-  std::string result;
-  while (!text.empty()) {
-    const Character character = FirstCharacter(text);
-    AppendCharacter(result, IsStandIn(character.code) ? character.code - standInBase + strayBase
-                                                      : character.code);
-    text.remove_prefix(character.length);
-  }
-  return result;
+  return Mapped(
+      text, [](char32_t code) { return IsStandIn(code) ? code - standInBase + strayBase : code; });
 }
 
 }  // namespace tallowbrook

@@ -12,12 +12,11 @@
 #include "desktop/file_table.h"
 #include "desktop/folder_tree.h"
 #include "shell/commands.h"
-#include "tests/support/fakes.h"
-#include "tests/support/temporary_folder.h"
+#include "tests/support/test_world.h"
 
 namespace tallowbrook {
 
-class MainWindowTest : public testing::Test {
+class MainWindowTest : public testing::Test, protected TestWorld {
  protected:
   void SetUp() override {
     home.Write("b.txt", "two");
@@ -38,17 +37,8 @@ class MainWindowTest : public testing::Test {
   }
   void Settle() { QTest::qWait(80); }
 
-  TemporaryFolder home;
-  TemporaryFolder data;
-  SystemFiles files;
-  FakeClock clock;
-  FakeRandom random;
-  FakeDialogs dialogs;
   WindowEvents events;
-  // clang-format off
-  Form1 form{{files, clock, random, dialogs, events, EnglishDateNames(),
-              {data.Path(), data.Path()}, home.Path()}};
-  // clang-format on
+  Form1 form{With(events)};
   MainWindow window{form, files, home.Path()};
 };
 

@@ -5,13 +5,12 @@
 
 #include "shell/commands.h"
 #include "store/log_format.h"
-#include "tests/support/fakes.h"
-#include "tests/support/temporary_folder.h"
+#include "tests/support/test_world.h"
 
 namespace tallowbrook {
 namespace {
 
-class Form1Test : public testing::Test {
+class Form1Test : public testing::Test, protected TestWorld {
  protected:
   Form1Test() {
     home.Write("a.txt", "1");
@@ -21,21 +20,8 @@ class Form1Test : public testing::Test {
   Control& Find(std::string_view name) { return *form.screen.Find(name); }
   void Press(std::string_view name) { dynamic_cast<Button&>(Find(name)).Press(); }
 
-  TemporaryFolder home;
-  TemporaryFolder data;
-  SystemFiles files;
-  FakeClock clock;
-  FakeRandom random;
-  FakeDialogs dialogs;
   FakeEvents events;
-  Form1 form{{files,
-              clock,
-              random,
-              dialogs,
-              events,
-              EnglishDateNames(),
-              {data.Path(), data.Path()},
-              home.Path()}};
+  Form1 form{With(events)};
   int unloads = 0;
 };
 

@@ -1,0 +1,25 @@
+// A world for the whole program: a home folder and a data folder of its own, real files, and fakes
+// for the rest. Pending events come from the test, since the window has real ones.
+#pragma once
+
+#include "shell/form1.h"
+#include "tests/support/fakes.h"
+#include "tests/support/temporary_folder.h"
+
+namespace tallowbrook {
+
+struct TestWorld {
+  TemporaryFolder home;
+  TemporaryFolder data;
+  SystemFiles files;
+  FakeClock clock;
+  FakeRandom random;
+  FakeDialogs dialogs;
+
+  World With(PendingEvents& events) {
+    const ProgramFolders folders{data.Path(), data.Path()};
+    return {files, clock, random, dialogs, events, EnglishDateNames(), folders, home.Path()};
+  }
+};
+
+}  // namespace tallowbrook
