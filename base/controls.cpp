@@ -5,6 +5,7 @@
 // is there already is no change.
 #include "base/controls.h"
 
+#include <algorithm>
 #include <charconv>
 #include <cstdint>
 #include <limits>
@@ -125,8 +126,10 @@ void TextWithItems::ClearItems() {
 }
 
 void TextWithItems::SelectItem(std::size_t index) {
+  if (index >= items_.size()) return;
   // A copy: the rule may change the items.
-  if (index < items_.size()) Set(std::string(items_[index]));
+  Set(std::string(items_[index]));
+  if (picked) picked();
 }
 
 List::List(Screen& screen, const ControlFacts& facts, std::vector<std::string> items, int index)
@@ -207,6 +210,13 @@ bool DateField::SetValueText(std::string_view text) {
   if (!date) return false;
   Set(*date);
   return true;
+}
+
+void Spin::Set(int value) {
+  value = std::clamp(value, lowest_, highest_);
+  if (value == value_) return;
+  value_ = value;
+  ValueChanged();
 }
 
 void Number::Set(int value) {

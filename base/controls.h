@@ -27,6 +27,7 @@ enum class ControlKind {
   Option,    // one of a group of which exactly one is on
   Date,      // a calendar date
   Number,    // a whole number that no control edits
+  Spin,      // two arrows that step a number kept elsewhere
   Label,     // a caption
   Button,    // something to press
   Frame,     // a panel that is shown or hidden
@@ -72,6 +73,8 @@ class Control {
 
   // Runs after each change of the value. Set once, by the screen that owns the rule.
   std::function<void()> rule;
+  // Runs when the keyboard leaves the control.
+  std::function<void()> focusLost;
 
   // The value as text: "0"/"1" of a tick, the index of a list, "True"/"False" of an option, the
   // text itself, general date text.
@@ -124,6 +127,10 @@ class Text : public Control {
   std::string ValueText() const override { return text_; }
   bool SetValueText(std::string_view text) override;
 
+  // Whether a character may be typed, told in UTF-8; without it, all may. What is pasted or set by
+  // code isn't asked about.
+  std::function<bool(std::string_view character)> takesKey;
+
  private:
   std::string text_;
 };
@@ -135,8 +142,11 @@ class TextWithItems : public Text {
   void SetItems(std::vector<std::string> items);
   void AddItem(std::string_view item);
   void ClearItems();
-  // Takes the item's text as the value; an index beyond the list changes nothing.
+  // Takes the item's text as the value, as a click on it does; an index beyond the list changes
+  // nothing.
   void SelectItem(std::size_t index);
+  // Runs after an item was picked, behind the rule.
+  std::function<void()> picked;
 
  private:
   std::vector<std::string> items_;
@@ -218,6 +228,25 @@ class Number : public Control {
 
  private:
   int value_;
+};
+
+// A position that only says which way the user stepped: a rule compares it with the last one and
+// keeps the value itself. The upper arrow raises it.
+class Spin : public Control {
+ public:
+  Spin(Screen& screen, const ControlFacts& facts, int lowest, int highest, int value)
+      : Control(screen, ControlKind::Spin, facts),
+        lowest_(lowest),
+        highest_(highest),
+        value_(value) {}
+  int Value() const { return value_; }
+  // The rule runs on a change; a position beyond the range becomes its end.
+  void Set(int value);
+  void StepUp() { Set(value_ + 1); }
+  void StepDown() { Set(value_ - 1); }
+
+ private:
+  int lowest_, highest_, value_;
 };
 
 class Label : public Control {

@@ -33,10 +33,6 @@ constexpr Wide PowerOfTen(int exponent) {
 constexpr Wide Magnitude(Wide value) {
   return value < 0 ? -value : value;
 }
-constexpr bool IsDigit(char c) {
-  return c >= '0' && c <= '9';
-}
-
 int CountDigits(Wide value) {
   int count = 0;
   for (Wide rest = Magnitude(value); rest != 0; rest /= 10) ++count;

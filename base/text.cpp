@@ -177,6 +177,16 @@ std::optional<std::string_view> RightCharacters(std::string_view text, std::ptrd
   return text.substr(BytesOf(text, count - wanted));
 }
 
+bool IsDigitKey(std::string_view character) {
+  return character.size() == 1 && IsDigit(character[0]);
+}
+
+bool IsLetterKey(std::string_view character) {
+  if (character.size() != 1) return false;
+  const char lower = static_cast<char>(character[0] | 0x20);
+  return lower >= 'a' && lower <= 'z';
+}
+
 std::string_view TrimBlanks(std::string_view text) {
   const std::size_t first = text.find_first_not_of(' ');
   if (first == std::string_view::npos) return {};

@@ -34,6 +34,13 @@ std::size_t CountCharacters(std::string_view text);
 std::optional<std::string_view> LeftCharacters(std::string_view text, std::ptrdiff_t n);
 std::optional<std::string_view> RightCharacters(std::string_view text, std::ptrdiff_t n);
 
+constexpr bool IsDigit(char c) {
+  return c >= '0' && c <= '9';
+}
+// Whether a typed character is one of "0" to "9", or of "A" to "Z" and "a" to "z".
+bool IsDigitKey(std::string_view character);
+bool IsLetterKey(std::string_view character);
+
 // Without the blanks (byte 32 only) at both ends.
 std::string_view TrimBlanks(std::string_view text);
 

@@ -8,45 +8,11 @@
 #include <unistd.h>
 
 #include <cstdio>
-#include <memory>
 
-#include "bench/job.h"
-#include "shell/form1.h"
+#include "bench/program.h"
 
 namespace tallowbrook::bench {
 namespace {
-
-constexpr int fileCount = 100'000;
-
-struct NoDialogs : Dialogs {
-  Answer Ask(const MessageBox&) override { return Answer::No; }
-};
-struct NoEvents : PendingEvents {
-  void Yield() override {}
-};
-
-// The program over one folder of files.
-struct Program {
-  std::string folder = NewFolder();
-  std::string data = NewFolder();
-  SystemFiles files;
-  SystemClock clock;
-  SystemRandom random;
-  NoDialogs dialogs;
-  NoEvents events;
-  Form1 form{{files, clock, random, dialogs, events, EnglishDateNames(), {data, data}, data}};
-
-  Program() { form.Load(); }
-  void FillAnew() {
-    EmptyFolder(folder);
-    FillFolder(folder, fileCount);
-  }
-};
-
-Program& TheProgram() {
-  static auto program = std::make_unique<Program>();
-  return *program;
-}
 
 double ScanWithProgram() {
   Program& p = TheProgram();

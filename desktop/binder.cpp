@@ -11,6 +11,7 @@
 #include <QRadioButton>
 
 #include "desktop/quiet_combo.h"
+#include "desktop/spin_arrows.h"
 #include "desktop/text.h"
 
 namespace tallowbrook {
@@ -23,6 +24,10 @@ Binder::Binder(Screen& screen) : screen_(screen) {
 Binder::~Binder() {
   screen_.changed = nullptr;
   screen_.focusRequested = nullptr;
+  // Widgets that go later have events on their way out: those reach no control any more.
+  for (const auto& [control, bindings] : bindings_) {
+    for (const QPointer<Binding>& binding : bindings) delete binding.data();
+  }
 }
 
 QCheckBox* Binder::Add(Tick& tick, QWidget* parent, char accessKey) {
@@ -35,6 +40,12 @@ QLineEdit* Binder::Add(Text& text, QWidget* parent) {
   auto* edit = new QLineEdit(parent);
   Keep(text, new TextBinding(text, *edit));
   return edit;
+}
+
+QLineEdit* Binder::Add(Text& text, Spin& spin, QWidget* parent) {
+  QLineEdit* line = Add(text, parent);
+  Keep(spin, new SpinBinding(spin, *new SpinArrows(*line)));
+  return line;
 }
 
 QComboBox* Binder::Add(TextWithItems& text, QWidget* parent) {

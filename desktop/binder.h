@@ -15,7 +15,8 @@ class QButtonGroup;
 
 namespace tallowbrook {
 
-// Screen and Binder may end in either order; widgets end with their parents, bindings with them.
+// Screen and Binder may end in either order. Widgets end with their parents; those that outlive the
+// binder no longer reach their controls.
 class Binder {
  public:
   explicit Binder(Screen& screen);
@@ -27,6 +28,8 @@ class Binder {
   // name. `accessKey` is a letter of the caption in lower case.
   QCheckBox* Add(Tick& tick, QWidget* parent, char accessKey = 0);
   QLineEdit* Add(Text& text, QWidget* parent);
+  // The line of the text, with the arrows of `spin` in it.
+  QLineEdit* Add(Text& text, Spin& spin, QWidget* parent);
   QComboBox* Add(TextWithItems& text, QWidget* parent);
   QComboBox* Add(List& list, QWidget* parent);
   QRadioButton* Add(Option& option, QWidget* parent, char accessKey = 0);

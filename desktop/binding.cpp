@@ -3,14 +3,19 @@
 #include <QCheckBox>
 #include <QComboBox>
 #include <QDateEdit>
+#include <QInputMethodEvent>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
+#include <QPointer>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QSignalBlocker>
+#include <QWheelEvent>
 #include <limits>
 
 #include "base/guards.h"
+#include "desktop/spin_arrows.h"
 #include "desktop/text.h"
 
 namespace tallowbrook {
@@ -60,6 +65,12 @@ void ShowReadOnly(QLineEdit& edit, bool readOnly) {
   edit.setPalette(palette);
 }
 
+// A menu over the widget only borrows the keyboard.
+bool IsFocusLost(const QEvent& event) {
+  return event.type() == QEvent::FocusOut &&
+         static_cast<const QFocusEvent&>(event).reason() != Qt::PopupFocusReason;
+}
+
 }  // namespace
 
 Binding::Binding(Control& control, QWidget& widget)
@@ -102,8 +113,46 @@ void TickBinding::ShowValue() {
   box_.setChecked(tick_.On());
 }
 
+TypedBinding::TypedBinding(Text& text, QWidget& widget) : Binding(text, widget), text_(text) {
+  widget.installEventFilter(this);
+}
+
+bool TypedBinding::eventFilter(QObject*, QEvent* event) {
+  if (event->type() == QEvent::KeyPress) return IsRefused(*static_cast<QKeyEvent*>(event));
+  if (event->type() == QEvent::InputMethod) KeepTaken(*static_cast<QInputMethodEvent*>(event));
+  if (IsFocusLost(*event) && text_.focusLost) text_.focusLost();
+  return false;
+}
+
+bool TypedBinding::Takes(QStringView typed) const {
+  return !text_.takesKey || text_.takesKey(ToBytes(typed));
+}
+
+// Keys that don't type, such as those that edit, carry no text, a control character, or Ctrl.
+bool TypedBinding::IsRefused(const QKeyEvent& key) const {
+  const Qt::KeyboardModifiers held = key.modifiers() & ~Qt::ShiftModifier & ~Qt::KeypadModifier;
+  const QString typed = key.text();
+  const bool types = held != Qt::ControlModifier && !typed.isEmpty() &&
+                     typed[0].category() != QChar::Other_Control;
+  return types && !Takes(typed);
+}
+
+void TypedBinding::KeepTaken(QInputMethodEvent& input) const {
+  const QString& typed = input.commitString();
+  QString taken;
+  for (qsizetype at = 0; at < typed.size();) {
+    const qsizetype length = typed[at].isHighSurrogate() ? 2 : 1;
+    const QStringView character = QStringView(typed).mid(at, length);
+    if (Takes(character)) taken += character;
+    at += length;
+  }
+  if (taken != typed) {
+    input.setCommitString(taken, input.replacementStart(), input.replacementLength());
+  }
+}
+
 TextBinding::TextBinding(Text& text, QLineEdit& edit)
-    : Binding(text, edit), text_(text), edit_(edit) {
+    : TypedBinding(text, edit), text_(text), edit_(edit) {
   edit.setMaxLength(std::numeric_limits<int>::max());
   connect(&edit, &QLineEdit::textChanged, this, [this](const QString& typed) {
     if (Showing()) return;
@@ -122,6 +171,46 @@ void TextBinding::ShowValue() {
   ShowReadOnly(edit_, text_.ReadOnly());
 }
 
+SpinBinding::SpinBinding(Spin& spin, SpinArrows& arrows)
+    : Binding(spin, arrows), spin_(spin), line_(arrows.Line()) {
+  arrows.pressed = [self = QPointer(this)](bool up) {
+    if (self) self->Step(up);
+  };
+  line_.installEventFilter(this);
+}
+
+void SpinBinding::Step(bool up) {
+  if (!spin_.Visible() || !Widget().isEnabled() || line_.isReadOnly()) return;
+  up ? spin_.StepUp() : spin_.StepDown();
+}
+
+bool SpinBinding::eventFilter(QObject*, QEvent* event) {
+  if (event->type() == QEvent::KeyPress) return Key(*static_cast<QKeyEvent*>(event));
+  if (event->type() == QEvent::Wheel) return Wheel(*static_cast<QWheelEvent*>(event));
+  if (IsFocusLost(*event)) {
+    turned_ = 0;
+    if (spin_.focusLost) spin_.focusLost();
+  }
+  return false;
+}
+
+bool SpinBinding::Key(const QKeyEvent& key) {
+  const bool up = key.key() == Qt::Key_Up;
+  if ((!up && key.key() != Qt::Key_Down) || key.modifiers() & ~Qt::KeypadModifier) return false;
+  Step(up);
+  return true;
+}
+
+// Fine wheels turn by less than a notch at a time.
+bool SpinBinding::Wheel(const QWheelEvent& wheel) {
+  constexpr int notch = 120;
+  if (!line_.hasFocus()) return false;
+  turned_ += wheel.angleDelta().y();
+  for (; turned_ >= notch; turned_ -= notch) Step(true);
+  for (; turned_ <= -notch; turned_ += notch) Step(false);
+  return true;
+}
+
 ListBinding::ListBinding(List& list, QComboBox& box) : Binding(list, box), list_(list), box_(box) {
   connect(&box, &QComboBox::activated, this, [this](int index) {
     if (index != list_.Index()) list_.Select(index);
@@ -136,7 +225,7 @@ void ListBinding::ShowValue() {
 }
 
 TextWithItemsBinding::TextWithItemsBinding(TextWithItems& text, QComboBox& box)
-    : Binding(text, box), text_(text), box_(box) {
+    : TypedBinding(text, box), text_(text), box_(box) {
   box.setEditable(true);
   box.setInsertPolicy(QComboBox::NoInsert);
   box.setDuplicatesEnabled(true);

@@ -12,14 +12,19 @@
 class QCheckBox;
 class QComboBox;
 class QDateEdit;
+class QInputMethodEvent;
+class QKeyEvent;
 class QLabel;
 class QLineEdit;
 class QPushButton;
 class QRadioButton;
+class QWheelEvent;
 
 namespace tallowbrook {
 
-// Lives as long as its widget.
+class SpinArrows;
+
+// Lives as long as its widget or its binder, whichever ends first.
 class Binding : public QObject {
  public:
   // Names the widget after the control.
@@ -58,7 +63,24 @@ class TickBinding : public Binding {
   char accessKey_;
 };
 
-class TextBinding : public Binding {
+// A field that is typed into: asks the text which characters it takes, and tells it when the
+// keyboard leaves.
+class TypedBinding : public Binding {
+ public:
+  TypedBinding(Text& text, QWidget& widget);
+
+ protected:
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
+ private:
+  bool Takes(QStringView typed) const;
+  bool IsRefused(const QKeyEvent& key) const;
+  void KeepTaken(QInputMethodEvent& input) const;
+
+  Text& text_;
+};
+
+class TextBinding : public TypedBinding {
  public:
   TextBinding(Text& text, QLineEdit& edit);
   void TakeFocus() override;
@@ -69,6 +91,25 @@ class TextBinding : public Binding {
  private:
   Text& text_;
   QLineEdit& edit_;
+};
+
+// The arrows in the line of a text. The line's keys Up and Down and, while it has the focus, the
+// mouse wheel step as well.
+class SpinBinding : public Binding {
+ public:
+  SpinBinding(Spin& spin, SpinArrows& arrows);
+
+ protected:
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
+ private:
+  void Step(bool up);
+  bool Key(const QKeyEvent& key);
+  bool Wheel(const QWheelEvent& wheel);
+
+  Spin& spin_;
+  QLineEdit& line_;
+  int turned_ = 0;  // of the wheel, in eighths of a degree, since the last step
 };
 
 class ListBinding : public Binding {
@@ -84,7 +125,7 @@ class ListBinding : public Binding {
 };
 
 // Free text over items: proposals or a history.
-class TextWithItemsBinding : public Binding {
+class TextWithItemsBinding : public TypedBinding {
  public:
   TextWithItemsBinding(TextWithItems& text, QComboBox& box);
   void TakeFocus() override;

@@ -5,11 +5,11 @@
 #include <QHeaderView>
 #include <QMimeData>
 #include <QPainter>
-#include <QStyledItemDelegate>
 #include <QTimer>
 
 #include "base/guards.h"
 #include "desktop/dropped_paths.h"
+#include "desktop/popup_menu.h"
 
 namespace tallowbrook {
 
@@ -19,9 +19,9 @@ constexpr int twipsPerPixel = 15;  // 1440 to the inch, 96 pixels to the inch
 constexpr char uriListType[] = "text/uri-list";
 
 // Paints a cell's background as a badge no wider than its text.
-class BadgeDelegate : public QStyledItemDelegate {
+class BadgeDelegate : public RowDelegate {
  public:
-  using QStyledItemDelegate::QStyledItemDelegate;
+  using RowDelegate::RowDelegate;
 
   void paint(QPainter* painter, const QStyleOptionViewItem& option,
              const QModelIndex& index) const override {
@@ -38,67 +38,31 @@ class BadgeDelegate : public QStyledItemDelegate {
       painter->drawRoundedRect(box, 4, 4);
       painter->restore();
     }
-    QStyledItemDelegate::paint(painter, option, index);
-  }
-
- protected:
-  void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override {
-    QStyledItemDelegate::initStyleOption(option, index);
-    option->backgroundBrush = {};
-    // A highlighted row keeps the colour that tells how it went; its badge isn't painted.
-    const QVariant text = index.data(Qt::ForegroundRole);
-    if (text.isValid() && !index.data(Qt::BackgroundRole).isValid()) {
-      option->palette.setColor(QPalette::HighlightedText, text.value<QColor>());
-    }
-    option->state &= ~QStyle::State_HasFocus;
+    RowDelegate::paint(painter, option, index);
   }
 };
 
 }  // namespace
 
-FileTable::FileTable(FileList& list, QWidget* parent) : QTableView(parent), model_(list) {
+FileTable::FileTable(FileList& list, ListOperations& operations, QWidget* parent)
+    : RowTable(parent), model_(list), operations_(operations) {
   setObjectName(QStringLiteral("ListView1"));
   setModel(&model_);
   setItemDelegate(new BadgeDelegate(this));
-  SetUpLook();
   SetUpColumns();
-  setSelectionBehavior(SelectRows);
-  setSelectionMode(ExtendedSelection);
-  setEditTriggers(NoEditTriggers);
-  setTabKeyNavigation(false);
   setAcceptDrops(true);
   setDragDropMode(DropOnly);
   setDropIndicatorShown(false);
+  model_.itemCheck = [this](std::size_t row, bool checked) { ItemCheck(row, checked); };
   model_.stateChanged = [this] {
     if (visibilityChanged) visibilityChanged();
   };
   connect(&model_, &QAbstractItemModel::modelReset, this, [this] { RestoreHighlights(); });
 }
 
-void FileTable::SetUpLook() {
-  // Light enough for the colours of the outcomes to stand on it.
-  QPalette colours = palette();
-  colours.setColor(QPalette::Highlight, QColor(0xd3, 0xe4, 0xf7));
-  colours.setColor(QPalette::HighlightedText, colours.color(QPalette::Text));
-  setPalette(colours);
-  setShowGrid(false);
-  setAlternatingRowColors(true);
-  setWordWrap(false);
-  setTextElideMode(Qt::ElideMiddle);
-  setVerticalScrollMode(ScrollPerItem);
-  setHorizontalScrollMode(ScrollPerPixel);
-  setCornerButtonEnabled(false);
-  verticalHeader()->hide();
-  verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
-  verticalHeader()->setMinimumSectionSize(fontMetrics().height() + 6);
-  verticalHeader()->setDefaultSectionSize(fontMetrics().height() + 8);
-}
-
 void FileTable::SetUpColumns() {
   QHeaderView& header = *horizontalHeader();
-  header.setHighlightSections(false);
   header.setSectionsClickable(true);
-  header.setMinimumSectionSize(24);
   for (int section = 0; section < model_.columnCount(); ++section) {
     const int width = FactsOf(ColumnOf(section)).widthTwips / twipsPerPixel;
     if (width > 0) {
@@ -121,48 +85,72 @@ void FileTable::SortBy(int section) {
 }
 
 void FileTable::keyPressEvent(QKeyEvent* event) {
-  model_.Sync();
-  if (event->key() == Qt::Key_Space && event->modifiers() == Qt::NoModifier) {
-    ToggleHighlighted();
-  } else if (event->key() == Qt::Key_F2 && renamePressed) {
-    renamePressed();
-  } else {
-    QTableView::keyPressEvent(event);
-  }
-}
-
-// All highlighted rows become what the first of them was not.
-void FileTable::ToggleHighlighted() {
   FileList& list = model_.List();
-  std::size_t first = 0;
-  for (const QItemSelectionRange& range : selectionModel()->selection()) {
-    const auto top = static_cast<std::size_t>(range.top()) + 1;
-    if (!first || top < first) first = top;
+  if (event->key() == Qt::Key_Space && event->modifiers() == Qt::NoModifier) {
+    model_.Sync();
+    ToggleHighlighted(
+        list.Count(), [&](std::size_t row) { return list.Row(row).Checked; },
+        [&](std::size_t row, bool checked) { list.SetChecked(row, checked); });
+  } else if (event->key() == Qt::Key_F2) {
+    operations_.RenameKey();
+  } else {
+    RowTable::keyPressEvent(event);
+    list.SelectItem(static_cast<std::size_t>(currentIndex().row() + 1));
   }
-  if (!first || first > list.Count()) return;
-  const bool checked = !list.Row(first).Checked;
-  for (const QItemSelectionRange& range : selectionModel()->selection()) {
-    for (int row = range.top(); row <= range.bottom(); ++row) {
-      const auto number = static_cast<std::size_t>(row) + 1;
-      if (number <= list.Count()) list.SetChecked(number, checked);
-    }
-  }
-  model_.Sync();
 }
 
 void FileTable::mousePressEvent(QMouseEvent* event) {
+  RowTable::mousePressEvent(event);
+  // Before the button is let go: a check box under it acts on the row that was chosen last.
+  model_.List().SelectItem(RowAt(event->position().toPoint()));
+}
+
+void FileTable::mouseReleaseEvent(QMouseEvent* event) {
+  RowTable::mouseReleaseEvent(event);
+  const bool isRight = event->button() == Qt::RightButton;
+  if (operations_.MouseUp(RowAt(event->position().toPoint()), isRight)) {
+    PopUpMenu(operations_.RightClick(), event->globalPosition().toPoint(), this);
+  }
+}
+
+void FileTable::RowDoubleClicked(std::size_t) {
+  operations_.DoubleClick();
+}
+
+// The highlight that goes is told to the view row by row: it keeps highlights of its own.
+void FileTable::ItemCheck(std::size_t row, bool checked) {
+  const std::size_t chosen = model_.List().SelectedItem();
+  operations_.ItemCheck(row, checked);
+  if (!chosen || chosen > model_.List().Count() || model_.List().Row(chosen).Selected) return;
+  selectionModel()->select(model_.index(static_cast<int>(chosen) - 1, 0),
+                           QItemSelectionModel::Deselect | QItemSelectionModel::Rows);
+}
+
+// The mouse's menu comes when the button is let go, the menu key's at once.
+void FileTable::contextMenuEvent(QContextMenuEvent* event) {
+  event->accept();
+  if (event->reason() != QContextMenuEvent::Mouse) PopUpAtCurrentRow();
+}
+
+void FileTable::PopUpAtCurrentRow() {
   model_.Sync();
-  QTableView::mousePressEvent(event);
+  const QModelIndex current = currentIndex();
+  if (!current.isValid()) return;
+  if (!selectionModel()->isSelected(current)) selectRow(current.row());
+  scrollTo(current);
+  if (!operations_.MouseUp(static_cast<std::size_t>(current.row()) + 1, true)) return;
+  const QRect place = visualRect(model_.index(current.row(), SectionOf(Column::FileName)));
+  PopUpMenu(operations_.RightClick(), viewport()->mapToGlobal(place.bottomLeft()), this);
 }
 
 void FileTable::focusInEvent(QFocusEvent* event) {
   QTableView::focusInEvent(event);
-  if (focused) focused(true);
+  operations_.ListHasFocus = true;
 }
 
 void FileTable::focusOutEvent(QFocusEvent* event) {
   QTableView::focusOutEvent(event);
-  if (focused) focused(false);
+  operations_.ListHasFocus = false;
 }
 
 void FileTable::dragEnterEvent(QDragEnterEvent* event) {

@@ -1,29 +1,32 @@
 // The list on the screen: a table of whole rows with check marks, highlights and drops.
 #pragma once
 
-#include <QTableView>
 #include <functional>
 #include <string>
 #include <vector>
 
 #include "desktop/file_table_model.h"
+#include "desktop/row_table.h"
+#include "filelist/list_operations.h"
 
 namespace tallowbrook {
 
-class FileTable : public QTableView {
+class FileTable : public RowTable {
  public:
-  FileTable(FileList& list, QWidget* parent);
+  // What the user does with the rows goes to `operations`.
+  FileTable(FileList& list, ListOperations& operations, QWidget* parent);
 
-  // What the table hands on: F2, files dropped on it, the focus coming and going.
-  std::function<void()> renamePressed;
+  // Files were dropped on the table.
   std::function<void(const std::vector<std::string>&)> dropped;
-  std::function<void(bool)> focused;
   // The list has come into sight or gone out of it.
   std::function<void()> visibilityChanged;
 
  protected:
   void keyPressEvent(QKeyEvent* event) override;
   void mousePressEvent(QMouseEvent* event) override;
+  void mouseReleaseEvent(QMouseEvent* event) override;
+  void RowDoubleClicked(std::size_t row) override;
+  void contextMenuEvent(QContextMenuEvent* event) override;
   void focusInEvent(QFocusEvent* event) override;
   void focusOutEvent(QFocusEvent* event) override;
   void dragEnterEvent(QDragEnterEvent* event) override;
@@ -32,14 +35,15 @@ class FileTable : public QTableView {
   void selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) override;
 
  private:
-  void SetUpLook();
   void SetUpColumns();
   void SortBy(int section);
-  void ToggleHighlighted();
+  void ItemCheck(std::size_t row, bool checked);
+  void PopUpAtCurrentRow();
   void Mark(const QItemSelection& ranges, bool selected);
   void RestoreHighlights();
 
   FileTableModel model_;
+  ListOperations& operations_;
 };
 
 }  // namespace tallowbrook

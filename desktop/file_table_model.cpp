@@ -2,7 +2,6 @@
 
 #include <QColor>
 #include <algorithm>
-#include <limits>
 
 #include "desktop/text.h"
 
@@ -27,33 +26,19 @@ const Shade& ShadeOf(RowColour colour) {
   return *std::ranges::find(shades, colour, &Shade::colour);
 }
 
-int Rows(const FileList& list) {
-  return static_cast<int>(std::min<std::size_t>(list.Count(), std::numeric_limits<int>::max()));
-}
-
 }  // namespace
 
-FileTableModel::FileTableModel(FileList& list)
-    : list_(list), throttle_([this] { Sync(); }), shownRows_(Rows(list)) {
+FileTableModel::FileTableModel(FileList& list) : list_(list) {
   list_.changed = [this](const ListChange& change) { Note(change); };
+  SyncRows();
 }
 
 FileTableModel::~FileTableModel() {
   list_.changed = nullptr;
 }
 
-int FileTableModel::rowCount(const QModelIndex& parent) const {
-  return parent.isValid() ? 0 : shownRows_;
-}
-
 int FileTableModel::columnCount(const QModelIndex& parent) const {
   return parent.isValid() ? 0 : tallowbrook::columnCount;
-}
-
-// The view may ask between a change and its Sync, when rows that it knows have gone.
-std::size_t FileTableModel::NumberOf(const QModelIndex& index) const {
-  const auto number = static_cast<std::size_t>(index.row()) + 1;
-  return index.isValid() && number <= list_.Count() ? number : 0;
 }
 
 QVariant FileTableModel::data(const QModelIndex& index, int role) const {
@@ -114,7 +99,7 @@ Qt::ItemFlags FileTableModel::flags(const QModelIndex& index) const {
 bool FileTableModel::setData(const QModelIndex& index, const QVariant& value, int role) {
   const std::size_t number = NumberOf(index);
   if (!number || role != Qt::CheckStateRole) return false;
-  list_.SetChecked(number, value.toInt() == Qt::Checked);
+  if (itemCheck) itemCheck(number, value.toInt() == Qt::Checked);
   Sync();
   return true;
 }
@@ -122,19 +107,15 @@ bool FileTableModel::setData(const QModelIndex& index, const QVariant& value, in
 void FileTableModel::Note(const ListChange& change) {
   switch (change.kind) {
     case ListChange::Kind::Reset:
-      reset_ = true;
-      break;
+      return NoteReset();
     case ListChange::Kind::Appended:
-      break;
+      return NoteChange();
     case ListChange::Kind::Rows:
-      firstChanged_ = firstChanged_ ? std::min(firstChanged_, change.first) : change.first;
-      lastChanged_ = std::max(lastChanged_, change.last);
-      break;
+      return NoteRows(change.first, change.last);
     case ListChange::Kind::State:
       state_ = true;
-      break;
+      return NoteChange();
   }
-  throttle_.Touch();
 }
 
 void FileTableModel::Sync() {
@@ -143,29 +124,6 @@ void FileTableModel::Sync() {
   state_ = false;
   Q_EMIT headerDataChanged(Qt::Horizontal, 0, columnCount() - 1);
   if (stateChanged) stateChanged();
-}
-
-void FileTableModel::SyncRows() {
-  const int rows = Rows(list_);
-  if (reset_ || rows < shownRows_) {
-    beginResetModel();
-    shownRows_ = rows;
-    reset_ = false;
-    firstChanged_ = lastChanged_ = 0;
-    endResetModel();
-    return;
-  }
-  if (firstChanged_ && shownRows_) {
-    const int first = static_cast<int>(std::min<std::size_t>(firstChanged_, shownRows_)) - 1;
-    const int last = static_cast<int>(std::min<std::size_t>(lastChanged_, shownRows_)) - 1;
-    Q_EMIT dataChanged(index(first, 0), index(last, columnCount() - 1));
-  }
-  firstChanged_ = lastChanged_ = 0;
-  if (rows > shownRows_) {
-    beginInsertRows({}, shownRows_, rows - 1);
-    shownRows_ = rows;
-    endInsertRows();
-  }
 }
 
 }  // namespace tallowbrook

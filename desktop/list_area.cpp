@@ -47,19 +47,20 @@ QLayout* ListArea::MakeAddressRow(Binder& binder) {
   row->addSpacing(groupGap);
   row->addWidget(new QLabel(QStringLiteral("Rename:"), this));
   row->addWidget(binder.Add(pane.Option1_Files, this, 'i'));
-  row->addWidget(binder.Add(pane.Option1_Folders, this, 'o'));
+  row->addWidget(binder.Add(pane.Option1_Folders, this));
   return row;
 }
 
 QLayout* ListArea::MakeFilterRow(Binder& binder) {
   ListPane& pane = form_.pane;
   QHBoxLayout* row = NewRow();
-  filter_ = binder.Add(pane.Combo_Filter, this);
-  filter_->setMinimumContentsLength(14);
-  filter_->lineEdit()->setPlaceholderText(QStringLiteral("*.*"));
-  filter_->lineEdit()->installEventFilter(this);
-  row->addWidget(binder.AddCaption(pane.Lbl_Filename_Filter, filter_, 'l'));
-  row->addWidget(filter_);
+  QComboBox* filter = binder.Add(pane.Combo_Filter, this);
+  filter->setMinimumContentsLength(14);
+  filter->lineEdit()->setPlaceholderText(QStringLiteral("*.*"));
+  connect(filter->lineEdit(), &QLineEdit::returnPressed, this,
+          [this] { form_.pane.Filter.styled.Press(); });
+  row->addWidget(binder.AddCaption(pane.Lbl_Filename_Filter, filter, 'l'));
+  row->addWidget(filter);
   row->addWidget(binder.Add(pane.Filter.styled, this));
   row->addStretch();
   row->addWidget(binder.Add(pane.ScanSub.styled, this, 's'));
@@ -72,7 +73,7 @@ QWidget* ListArea::MakeTable() {
   auto* place = new QWidget(this);
   auto* pages = new QStackedLayout(place);
   pages->setStackingMode(QStackedLayout::StackAll);
-  auto* table = new FileTable(form_.ListView1, place);
+  auto* table = new FileTable(form_.ListView1, form_.operations, place);
   auto* blank = new QFrame(place);
   blank->setObjectName(QStringLiteral("EmptyList"));
   blank->setFrameShape(QFrame::StyledPanel);
@@ -84,9 +85,7 @@ QWidget* ListArea::MakeTable() {
   table->visibilityChanged = show;
   show();
 
-  table->renamePressed = [this] { form_.OpenManualRename(); };
   table->dropped = [this](const std::vector<std::string>& paths) { form_.scan.AddDropped(paths); };
-  table->focused = [this](bool has) { form_.ListHasFocus = has; };
   return place;
 }
 
@@ -97,14 +96,14 @@ QLayout* ListArea::MakeCheckRow(Binder& binder) {
   row->addWidget(binder.Add(pane.SelectNone.styled, this, 'n'));
   row->addWidget(binder.Add(pane.SelectInverse.styled, this, 'v'));
   row->addSpacing(groupGap);
-  const auto addNumber = [&](Label& caption, Text& field) {
-    QLineEdit* edit = binder.Add(field, this);
+  const auto addNumber = [&](Label& caption, Text& field, Spin& spin) {
+    QLineEdit* edit = binder.Add(field, spin, this);
     FitDigits(edit, 6);
     row->addWidget(binder.AddCaption(caption, edit));
     row->addWidget(edit);
   };
-  addNumber(pane.Label7, pane.Text_StartCheck);
-  addNumber(pane.Label8, pane.Text_Step);
+  addNumber(pane.Label7, pane.Text_StartCheck, pane.VScroll1);
+  addNumber(pane.Label8, pane.Text_Step, pane.VScroll2);
   row->addStretch();
   row->addWidget(MakeProgress(binder));
   return row;
@@ -139,11 +138,7 @@ void ListArea::ShowProgress() {
 
 bool ListArea::eventFilter(QObject* watched, QEvent* event) {
   if (event->type() != QEvent::KeyPress) return QWidget::eventFilter(watched, event);
-  const int key = static_cast<QKeyEvent*>(event)->key();
-  if (watched == address_) return AddressKey(key);
-  if (key != Qt::Key_Return && key != Qt::Key_Enter) return false;
-  form_.pane.Filter.styled.Press();
-  return true;
+  return AddressKey(static_cast<QKeyEvent*>(event)->key());
 }
 
 bool ListArea::AddressKey(int key) {

@@ -17,7 +17,7 @@ class ListArea : public QWidget {
   ListArea(Form1& form, Binder& binder, QWidget* parent);
 
  protected:
-  // Keys of the address and the filter come by here first.
+  // Keys of the address come by here first.
   bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
@@ -31,7 +31,6 @@ class ListArea : public QWidget {
 
   Form1& form_;
   QLineEdit* address_ = nullptr;
-  QComboBox* filter_ = nullptr;
   QProgressBar* bar_ = nullptr;
   Throttle progress_;
 };

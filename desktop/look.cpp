@@ -125,7 +125,7 @@ QWidget* AddCard(QWidget* page) {
 }
 
 void FitDigits(QLineEdit* edit, int digits) {
-  const int frame = edit->sizeHint().height() * 3 / 4;
+  const int frame = edit->sizeHint().height() * 3 / 4 + edit->textMargins().right();
   edit->setFixedWidth(edit->fontMetrics().horizontalAdvance(QLatin1Char('0')) * digits + frame);
 }
 

@@ -4,6 +4,7 @@
 #include "desktop/dialogs.h"
 #include "desktop/events.h"
 #include "desktop/main_window.h"
+#include "desktop/opener.h"
 #include "platform/clock.h"
 #include "platform/files.h"
 #include "platform/program_folders.h"
@@ -20,9 +21,10 @@ int main(int argc, char** argv) {
   SystemRandom random;
   WindowDialogs dialogs;
   WindowEvents events;
+  WindowDesktop desktop;
   const std::string home = HomeFolder();
-  Form1 form(
-      {files, clock, random, dialogs, events, SystemDateNames(), FindProgramFolders(), home});
+  Form1 form({files, clock, random, dialogs, events, desktop, SystemDateNames(),
+              FindProgramFolders(), home});
   MainWindow window(form, files, home);
   dialogs.SetParent(&window);
   form.Load();

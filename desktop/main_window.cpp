@@ -12,6 +12,7 @@
 
 #include "desktop/copy_move.h"
 #include "desktop/folder_area.h"
+#include "desktop/history_window.h"
 #include "desktop/list_area.h"
 #include "desktop/look.h"
 #include "desktop/manual_rename_dialog.h"
@@ -56,6 +57,7 @@ MainWindow::MainWindow(Form1& form, Files& files, const std::string& home)
 
 MainWindow::~MainWindow() {
   form_.showManualRename = nullptr;
+  form_.showHistory = nullptr;
   form_.unload = nullptr;
   form_.blinker.started = nullptr;
   // The regions hold references to the binder.
@@ -94,12 +96,14 @@ QLayout* MainWindow::MakeButtons() {
   for (const int column : {0, 1}) grid->setColumnMinimumWidth(column, 78);
   grid->addWidget(binder_.Add(form_.PreviewButton.styled, centralWidget(), 'p'), 0, 0);
   grid->addWidget(binder_.Add(form_.Apply.styled, centralWidget(), 'y'), 0, 1);
-  grid->addWidget(binder_.Add(form_.Exit.styled, centralWidget(), 'x'), 1, 0, 1, 2);
+  grid->addWidget(binder_.Add(form_.Undo.styled, centralWidget(), 'o'), 1, 0);
+  grid->addWidget(binder_.Add(form_.Exit.styled, centralWidget(), 'x'), 1, 1);
   return grid;
 }
 
 void MainWindow::WireForm() {
   form_.showManualRename = [this](ManualRename& model) { ManualRenameDialog(model, this).exec(); };
+  form_.showHistory = [this](LogHistory& model) { HistoryWindow(model, this).exec(); };
   form_.unload = [this] { Unload(); };
   auto* timer = new QTimer(this);
   timer->setInterval(Blinker::intervalMilliseconds);

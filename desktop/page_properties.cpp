@@ -99,7 +99,9 @@ QGroupBox* PropertiesPage::MakeUniquePanel() {
   auto* step = new QHBoxLayout;
   step->setSpacing(spacing);
   step->addWidget(binder_.Add(s.Combo_Direction, panel));
-  QLineEdit* increment = KeepPlace(binder_.Add(s.Text_UniqueIncrement, panel));
+  UniquePanel& unique = form_.pages.unique;
+  QLineEdit* increment =
+      KeepPlace(binder_.Add(s.Text_UniqueIncrement, unique.Spin_UniqueIncrement, panel));
   FitDigits(increment, 5);
   step->addWidget(increment);
   step->addWidget(KeepPlace(binder_.Add(s.Combo_DateInterval, panel)));
@@ -117,23 +119,24 @@ QGroupBox* PropertiesPage::MakeUniquePanel() {
 
 QWidget* PropertiesPage::MakeNumbers(QWidget* parent) {
   RenameSettings& s = form_.settings;
+  UniquePanel& unique = form_.pages.unique;
   auto* frame = KeepPlace(new QWidget(parent));
-  binder_.BindPanel(form_.pages.unique.Frame_Numbers, frame);
+  binder_.BindPanel(unique.Frame_Numbers, frame);
   auto* grid = new QGridLayout(frame);
   grid->setContentsMargins(0, 0, 0, 0);
   grid->setSpacing(spacing);
 
   QLineEdit* mask = binder_.Add(s.Text_UniqueMask, frame);
-  QLineEdit* start = binder_.Add(s.Text_UniqueStart, frame);
+  QLineEdit* start = binder_.Add(s.Text_UniqueStart, unique.Spin_UniqueStart, frame);
   QCheckBox* uniqueOnly = KeepPlace(binder_.Add(s.Check_UniqueOnly, frame));
-  QLineEdit* randomTo = KeepPlace(binder_.Add(s.Txt_RandomTo, frame));
+  QLineEdit* randomTo = KeepPlace(binder_.Add(s.Txt_RandomTo, unique.Spin_RandomTo, frame));
   for (QLineEdit* edit : {mask, start, randomTo}) FitDigits(edit, 8);
   grid->addWidget(binder_.AddCaption(s.Text_UniqueMask, mask), 0, 0);
   grid->addWidget(mask, 0, 1);
   grid->addWidget(binder_.AddCaption(s.Text_UniqueStart, start), 0, 2);
   grid->addWidget(start, 0, 3);
   grid->addWidget(uniqueOnly, 1, 0, 1, 2);
-  grid->addWidget(KeepPlace(binder_.AddCaption(form_.pages.unique.Lbl_RandomTo, randomTo)), 1, 2);
+  grid->addWidget(KeepPlace(binder_.AddCaption(unique.Lbl_RandomTo, randomTo)), 1, 2);
   grid->addWidget(randomTo, 1, 3);
   grid->setColumnStretch(4, 1);
   return frame;

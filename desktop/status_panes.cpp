@@ -24,7 +24,7 @@ StatusPanes::StatusPanes(StatusBar& status, QStatusBar& bar)
   layout->addWidget(&message_, 1);
   layout->addWidget(&count_);
   count_.setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
-  count_.setFixedWidth(count_.fontMetrics().averageCharWidth() * 30);
+  count_.setFixedWidth(count_.fontMetrics().averageCharWidth() * 36);
   bar.addWidget(&row_, 1);
   status_.changed = [this](std::size_t) { Changed(); };
   Show();

@@ -44,7 +44,7 @@ RenamePages::RenamePages(Screen& screen, RenameSettings& settings, ListPane& pan
                         {.name = "PushButton_ClearComboBoxName",
                          .caption = "Clear History",
                          .tip = "Clear filename history"}),
-      unique(screen, settings, dialogs, [this] { RefreshSampleFileName(); }),
+      unique(screen, settings, dialogs, clock, [this] { RefreshSampleFileName(); }),
       screen_(screen),
       settings_(settings),
       pane_(pane),
@@ -109,10 +109,8 @@ void RenamePages::WireSampleRefresh() {
   RenameSettings& s = settings_;
   for (Control* field : std::initializer_list<Control*>{
            &s.Text_Prefix, &s.Check_UniqueFirst, &s.Text_Seperator, &s.Text_UniqueMask,
-           &s.Text_UniqueStart, &s.Txt_RandomTo, &s.Combo_UniqueDateStart0,
-           &s.Combo_UniqueDateStart1, &s.Combo_UniqueDateStart2, &s.Combo_UniqueDate0,
-           &s.Combo_UniqueDate1, &s.Combo_UniqueDate2, &s.Text_UniqueDate1, &s.Text_UniqueDate2,
-           &s.Text_Suffix, &s.Text_Extension, &s.RTxt_Unique_Other}) {
+           &s.Combo_UniqueDate0, &s.Combo_UniqueDate1, &s.Combo_UniqueDate2, &s.Text_UniqueDate1,
+           &s.Text_UniqueDate2, &s.Text_Suffix, &s.Text_Extension, &s.RTxt_Unique_Other}) {
     field->rule = [this] { RefreshSampleFileName(); };
   }
 }
@@ -140,6 +138,7 @@ void RenamePages::ResetSettings() {
     box->rule();
   }
   settings_.FillDefaults(clock_.Now());
+  unique.PrepareSpinners();
   RefreshSampleFileName();
 }
 

@@ -153,10 +153,11 @@ void RenameSettings::FillDefaults(Date today) {
   Txt_RandomTo.Set("1");
 
   const DateFields day = FieldsOf(today);
-  Refill(Combo_UniqueDateStart0, Numbers(1, 12), day.month - 1);
-  Refill(Combo_UniqueDateStart1, Numbers(1, 31), day.day - 1);
+  // The day last: with another year and month it might be none of theirs.
   Combo_UniqueDateStart2.SetItems(Numbers(day.year + yearsEachSide, day.year - yearsEachSide));
   Combo_UniqueDateStart2.SelectItem(yearsEachSide);
+  Refill(Combo_UniqueDateStart0, Numbers(1, 12), day.month - 1);
+  Refill(Combo_UniqueDateStart1, Numbers(1, 31), day.day - 1);
   Refill(Combo_UniqueDate0, DateParts(), 1);
   Refill(Combo_UniqueDate1, DateParts(), 5);
   Refill(Combo_UniqueDate2, DateParts(), 7);

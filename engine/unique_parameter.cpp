@@ -14,9 +14,6 @@ constexpr std::size_t longestAlphaNumber = 16;
 // The letters of 9999999999999999, the largest number of 16 digits.
 constexpr std::string_view largestLetters = "BRUTMHYHIIZO";
 
-bool IsDigit(char c) {
-  return c >= '0' && c <= '9';
-}
 bool IsLetter(char c) {
   return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z');
 }

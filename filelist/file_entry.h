@@ -32,6 +32,8 @@ struct FileEntry {
   bool Selected = false;
   // A folder's row, or a file that was gone when its facts were asked for, has no size or date.
   bool hasFacts = false;
+  // Whether shownDate is shown; a switch of the date column dates folders too.
+  bool hasDate = false;
   bool isFolder = false;
 };
 

@@ -76,7 +76,7 @@ std::string FileList::Cell(std::size_t number, Column column) const {
     case Column::Ext:
       return row.isFolder ? std::string() : ToUpper(ExtensionOf(row.name));
     case Column::Date:
-      return row.hasFacts ? GeneralDateText(row.shownDate) : std::string();
+      return row.hasDate ? GeneralDateText(row.shownDate) : std::string();
     case Column::Directory:
       return Directory(number);
     case Column::BaseSize:
@@ -96,6 +96,7 @@ std::size_t FileList::Add(FileEntry entry) {
 
 void FileList::Clear() {
   rows_.clear();
+  selectedItem_ = 0;
   folders_.Clear();
   patterned_ = 0;
   Tell(ListChange::Kind::Reset);
@@ -125,6 +126,14 @@ void FileList::ApplyPattern(std::int64_t start, std::int64_t step) {
   }
   patterned_ = Count();
   TellRows(from, Count());
+}
+
+std::size_t FileList::HighlightedRow() const {
+  if (selectedItem_ && selectedItem_ <= Count() && Row(selectedItem_).Selected) {
+    return selectedItem_;
+  }
+  const auto found = std::ranges::find(rows_, true, &FileEntry::Selected);
+  return found == rows_.end() ? 0 : static_cast<std::size_t>(found - rows_.begin()) + 1;
 }
 
 std::size_t FileList::CountCheckedFiles() const {
@@ -184,6 +193,9 @@ void FileList::Sort() {
   arranged.reserve(rows_.size());
   for (const std::uint32_t index : order) arranged.push_back(std::move(rows_[index]));
   rows_ = std::move(arranged);
+  if (const auto selected = std::ranges::find(order, selectedItem_ - 1); selected != order.end()) {
+    selectedItem_ = static_cast<std::size_t>(selected - order.begin()) + 1;
+  }
   patterned_ = 0;
   Tell(ListChange::Kind::Reset);
 }

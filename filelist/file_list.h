@@ -75,6 +75,12 @@ class FileList {
   void ApplyPattern(std::int64_t start, std::int64_t step);
   std::size_t CountCheckedFiles() const;
 
+  // The row that the pointer or the keys chose last among the highlighted ones; 0 for none.
+  void SelectItem(std::size_t number) { selectedItem_ = number; }
+  std::size_t SelectedItem() const { return selectedItem_; }
+  // The selected item, or else the first highlighted row; 0 without one.
+  std::size_t HighlightedRow() const;
+
   // A click on a header: sorts by it; the order flips with every click on any header.
   void SortByColumn(Column column);
   bool SortsAscending() const { return ascending_; }
@@ -102,6 +108,8 @@ class FileList {
   std::int64_t patternStart_ = -1;
   std::int64_t patternStep_ = -1;
   std::size_t patterned_ = 0;
+
+  std::size_t selectedItem_ = 0;
 
   bool sorted_ = false;
   bool sortSuspended_ = false;

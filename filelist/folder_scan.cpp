@@ -25,14 +25,6 @@ std::string WithoutSlash(std::string path) {
   return path;
 }
 
-// The number at the start of a text, as the check pattern's boxes hold it; 0 without one, the
-// largest where it has no room.
-std::int64_t BoxNumber(std::string_view text) {
-  std::int64_t value = 0;
-  const auto result = std::from_chars(text.data(), text.data() + text.size(), value);
-  return result.ec == std::errc::result_out_of_range ? INT32_MAX : value;
-}
-
 }  // namespace
 
 std::string GetFileExtension(std::string_view name) {
@@ -77,7 +69,7 @@ void FolderScan::SubfolderList::Fill(const FolderListing& listing, const std::st
 }
 
 FolderScan::FolderScan(ScanWorld world, FileList& list, ListPane& pane)
-    : world_(std::move(world)), list_(list), pane_(pane) {
+    : world_(std::move(world)), list_(list), pane_(pane), pattern_(list, pane) {
   WireRules();
 }
 
@@ -88,11 +80,6 @@ void FolderScan::WireRules() {
   pane_.Option1_Files.rule = [this] { ShowFiles(); };
   pane_.Option1_Folders.rule = [this] { ShowFolders(); };
   pane_.Combo1.rule = [this] { CompleteFolder(); };
-  pane_.SelectAll.Does([this] { list_.SetAllChecks(1); });
-  pane_.SelectNone.Does([this] { list_.SetAllChecks(2); });
-  pane_.SelectInverse.Does([this] { list_.SetAllChecks(3); });
-  pane_.Text_StartCheck.rule = [this] { ApplyCheckPattern(); };
-  pane_.Text_Step.rule = [this] { ApplyCheckPattern(); };
 }
 
 void FolderScan::ScanFolder(const std::string& path) {
@@ -210,7 +197,7 @@ void FolderScan::AddFileRow(std::string_view name, const std::string& directory,
   entry.name = name;
   entry.folder = list_.Folders().Intern(directory);
   if (facts) {
-    entry.hasFacts = true;
+    entry.hasFacts = entry.hasDate = true;
     entry.size = facts->size;
     const std::optional<Date> exif = ExifDate(name, directory);
     entry.shownDate = exif ? *exif : ListDate(*facts);
@@ -247,9 +234,14 @@ std::optional<Date> FolderScan::ExifDate(std::string_view name, const std::strin
   return ParseExifDate(text);
 }
 
-std::string FolderScan::GetListDate(const std::string& path) {
+std::optional<Date> FolderScan::FileDate(const std::string& path) {
   const std::optional<FileFacts> facts = world_.files.Facts(path);
-  return facts ? GeneralDateText(ListDate(*facts)) : std::string();
+  return facts ? std::optional(ListDate(*facts)) : std::nullopt;
+}
+
+std::string FolderScan::GetListDate(const std::string& path) {
+  const std::optional<Date> date = FileDate(path);
+  return date ? GeneralDateText(*date) : std::string();
 }
 
 void FolderScan::ScanSubfolders(const std::string& path) {
@@ -320,11 +312,6 @@ void FolderScan::FilterList() {
   } else {
     ScanFolder(folder);
   }
-}
-
-void FolderScan::ApplyCheckPattern() {
-  if (pane_.Text_Step.Value().empty()) pane_.Text_Step.Set("0");
-  list_.ApplyPattern(BoxNumber(pane_.Text_StartCheck.Value()), BoxNumber(pane_.Text_Step.Value()));
 }
 
 void FolderScan::AddDropped(const std::vector<std::string>& paths) {

@@ -9,6 +9,7 @@
 
 #include "base/pending_events.h"
 #include "base/status_bar.h"
+#include "filelist/check_pattern.h"
 #include "filelist/file_list.h"
 #include "filelist/list_pane.h"
 #include "platform/clock.h"
@@ -69,13 +70,15 @@ class FolderScan {
   void ClearFileList();
   // Fills the list again as it was last filled; a subfolder scan adds to what is there.
   void FilterList();
-  void ApplyCheckPattern();
+  void ApplyCheckPattern() { pattern_.ApplyCheckPattern(); }
   // Files and folders dropped on the list: added to what is there.
   void AddDropped(const std::vector<std::string>& paths);
   // True for an existing folder; its path then gets a "/" at its end. Outer blanks of a path at
   // which nothing stands don't count.
   bool IsDirectory(std::string& path);
-  // General date text of the file's date by DateColumnMode; empty if the file is gone.
+  // The date of a file or folder by DateColumnMode, and its general date text; nothing if it is
+  // gone.
+  std::optional<Date> FileDate(const std::string& path);
   std::string GetListDate(const std::string& path);
 
   // Selects a folder as a click in the tree does, or stops a running fill instead. What is no
@@ -118,6 +121,7 @@ class FolderScan {
   ScanWorld world_;
   FileList& list_;
   ListPane& pane_;
+  CheckPattern pattern_;
   SubfolderList Dir1_;  // folders mode
   SubfolderList Dir3_;  // completion
 };

@@ -35,8 +35,10 @@ struct ListPane {
   Button PushButton_AbortScan;
   Label Label7;  // "Start"
   Text Text_StartCheck;
+  Spin VScroll1;
   Label Label8;  // "Step"
   Text Text_Step;
+  Spin VScroll2;
   ButtonPair SelectAll;  // Cmd_SelectAll, PushButton_SelectAll
   ButtonPair SelectNone;
   ButtonPair SelectInverse;  // Cmd_Invert, PushButton_SelectInverse

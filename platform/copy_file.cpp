@@ -9,12 +9,12 @@
 
 #include <algorithm>
 #include <cerrno>
-#include <cstdio>
 #include <limits>
 
+#include "platform/file_copy.h"
 #include "platform/file_descriptor.h"
 #include "platform/files.h"
-#include "platform/temporary_name.h"
+#include "platform/temporary_file.h"
 
 namespace tallowbrook {
 namespace {
@@ -23,35 +23,6 @@ constexpr off_t untilEnd = std::numeric_limits<off_t>::max();
 constexpr off_t kernelChunk = off_t{1} << 30;
 constexpr std::size_t bufferSize = std::size_t{1} << 18;
 constexpr mode_t permissionBits = 0777;
-
-// A file that goes away with its object unless it was moved into place.
-class TemporaryFile {
- public:
-  explicit TemporaryFile(std::string path)
-      : path_(std::move(path)),
-        file_(open(path_.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0600)),
-        mustRemove_(file_.IsOpen()) {}
-  TemporaryFile(const TemporaryFile&) = delete;
-  TemporaryFile& operator=(const TemporaryFile&) = delete;
-  ~TemporaryFile() {
-    if (mustRemove_) unlink(path_.c_str());
-  }
-
-  bool IsOpen() const { return file_.IsOpen(); }
-  int Number() const { return file_.Number(); }
-  // 0 or errno.
-  int MoveTo(const std::string& target) {
-    if (int error = file_.Close(); error != 0) return error;
-    if (rename(path_.c_str(), target.c_str()) != 0) return errno;
-    mustRemove_ = false;
-    return 0;
-  }
-
- private:
-  std::string path_;
-  FileDescriptor file_;
-  bool mustRemove_;
-};
 
 int WriteFully(int to, const char* bytes, std::size_t size, off_t at) {
   while (size > 0) {
@@ -144,9 +115,8 @@ bool IsNotKept(int error) {
 
 int CopyAttributes(const struct stat& source, int to) {
   const timespec times[] = {source.st_atim, source.st_mtim};
-  if (fchmod(to, source.st_mode & permissionBits) != 0 && !IsNotKept(errno)) return errno;
-  if (futimens(to, times) != 0 && !IsNotKept(errno)) return errno;
-  return 0;
+  if (int error = CopyPermissions(source, to); error != 0) return error;
+  return futimens(to, times) == 0 || IsNotKept(errno) ? 0 : errno;
 }
 
 FileError CheckSource(int source, struct stat& facts) {
@@ -168,14 +138,8 @@ FileError CheckTarget(const std::string& target, const struct stat& source) {
 
 bool IsAsBefore(int file, const struct stat& before) {
   struct stat now;
-  return fstat(file, &now) == 0 && now.st_size == before.st_size &&
-         now.st_mtim.tv_sec == before.st_mtim.tv_sec &&
-         now.st_mtim.tv_nsec == before.st_mtim.tv_nsec;
+  return fstat(file, &now) == 0 && IsUnchanged(now, before);
 }
-
-std::size_t NameStart(const std::string& path) {
-  return path.rfind('/') + 1;
-}  // 0 without a slash
 
 // Two views of one folder, as of a network mount of this very machine, give a file two identities.
 // What appears beside the source when something is made beside the target tells.
@@ -186,21 +150,34 @@ bool IsSameByAnotherView(const std::string& source, const std::string& target,
   return lstat((source.substr(0, NameStart(source)) + temporaryName).c_str(), &found) == 0;
 }
 
+}  // namespace
+
+bool IsUnchanged(const struct stat& now, const struct stat& before) {
+  return now.st_dev == before.st_dev && now.st_ino == before.st_ino &&
+         now.st_size == before.st_size && now.st_mtim.tv_sec == before.st_mtim.tv_sec &&
+         now.st_mtim.tv_nsec == before.st_mtim.tv_nsec;
+}
+
+int CopyPermissions(const struct stat& source, int to) {
+  return fchmod(to, source.st_mode & permissionBits) == 0 || IsNotKept(errno) ? 0 : errno;
+}
+
 FileError WriteCopy(int from, const struct stat& facts, const std::string& source,
-                    const std::string& target) {
-  const std::string temporaryName = TemporaryName();
-  TemporaryFile copy(target.substr(0, NameStart(target)) + temporaryName);
+                    const std::string& target, CopyPlace place) {
+  TemporaryFile copy(target, O_WRONLY);
   if (!copy.IsOpen()) return FromErrno(errno);
-  if (IsSameByAnotherView(source, target, temporaryName)) return FileError::SameFile;
+  if (IsSameByAnotherView(source, target, copy.Name())) return FileError::SameFile;
   int error = CopyContents(from, facts.st_size, copy.Number());
   // Somebody wrote to it meanwhile: the copy may be of neither state.
   if (error == 0 && !IsAsBefore(from, facts)) error = EBUSY;
   if (error == 0) error = CopyAttributes(facts, copy.Number());
-  if (error == 0) error = copy.MoveTo(target);
+  if (error == 0 && place == CopyPlace::FreeOnly && fsync(copy.Number()) != 0) error = errno;
+  if (error == 0) error = copy.Close();
+  if (error == 0) {
+    error = place == CopyPlace::OverTarget ? copy.MoveOver(target) : copy.MoveToFree(target);
+  }
   return FromErrno(error);
 }
-
-}  // namespace
 
 FileError SystemFiles::Copy(const std::string& source, const std::string& target) {
   // A pipe without a writer would hold up a blocking open for ever.
@@ -210,7 +187,7 @@ FileError SystemFiles::Copy(const std::string& source, const std::string& target
   FileError error = CheckSource(from.Number(), facts);
   if (error == FileError::None) error = CheckTarget(target, facts);
   if (error != FileError::None) return error;
-  return WriteCopy(from.Number(), facts, source, target);
+  return WriteCopy(from.Number(), facts, source, target, CopyPlace::OverTarget);
 }
 
 }  // namespace tallowbrook

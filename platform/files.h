@@ -6,6 +6,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -44,12 +45,21 @@ class FolderListing {
   virtual std::optional<FileFacts> Facts(std::size_t index) const = 0;
 };
 
-// A file that is only ever appended to, each Write one system call on the way to the end.
+// A file that is only ever appended to, each Write one system call on the way to the end and one
+// that asks whether this is still the file at the path.
 class AppendFile {
  public:
   virtual ~AppendFile() = default;
+  // Where the file has been rewritten meanwhile, in whatever process, the bytes go into the new
+  // one. Where it is gone, or something else stands in its place: NotFound, nothing is written, and
+  // the next Write opens or begins the file at the path.
   virtual FileError Write(std::string_view bytes) = 0;
+  // Whether nobody else, in this program or another, has the file open and was told so before. True
+  // where that can't be known.
+  virtual bool IsAlone() = 0;
 };
+
+using FileEdit = std::function<std::string(std::string_view bytes)>;
 
 class Files {
  public:
@@ -68,6 +78,11 @@ class Files {
   // works on a file system that ignores case; a second hard link is a collision.
   virtual FileError Rename(const std::string& folder, const std::string& name,
                            const std::string& newName) = 0;
+  // Renames a path to a path, in whatever folders, and never replaces. A path to itself: None if
+  // anything stands there. Between file systems a regular file is copied, as by Copy but over
+  // nothing, and then deleted; anything else is OtherFileSystem. A name may be any that the file
+  // system takes; InvalidName for a path that doesn't begin at the root or holds a NUL.
+  virtual FileError MovePath(const std::string& path, const std::string& newPath) = 0;
   // Copies a file's bytes, permissions and modification time; a target is replaced as a whole or
   // not at all. SameFile if both paths lead to one file, IsFolder for a folder.
   virtual FileError Copy(const std::string& source, const std::string& target) = 0;
@@ -76,10 +91,19 @@ class Files {
 
   // Creates the file if it is missing. Null, and *error set if given, on failure. A last line
   // that a killed program left without its end gets one with the first write, so that what is
-  // written stands on a line of its own; a file that ends in one of `wholeEnds` needs none.
+  // written stands on a line of its own; a file that ends in one of `wholeEnds` needs none. Waits
+  // for a rewrite that is under way.
   virtual std::unique_ptr<AppendFile> OpenForAppend(const std::string& path,
                                                     std::string_view wholeEnds,
                                                     FileError* error = nullptr) = 0;
+  // Replaces a file by what `edit` makes of its bytes: as a whole or not at all, flushed to the
+  // medium, permissions kept. What other programs append meanwhile through OpenForAppend is kept
+  // behind it, and two rewrites wait for each other. A missing file counts as an empty one, and is
+  // one if this fails. The bytes may end within a text that is just being appended: its rest will
+  // stand right behind what `edit` returns. `edit` is asked again if the file was replaced or
+  // deleted while it worked; it mustn't open or rewrite the file itself. What it throws passes;
+  // nothing has happened then.
+  virtual FileError Rewrite(const std::string& path, const FileEdit& edit) = 0;
   // The whole file. Nothing if it can't be read.
   virtual std::optional<std::string> ReadWhole(const std::string& path) = 0;
 };
@@ -108,10 +132,12 @@ class SystemFiles : public Files {
   bool Exists(const std::string& path) override;
   FileError Rename(const std::string& folder, const std::string& name,
                    const std::string& newName) override;
+  FileError MovePath(const std::string& path, const std::string& newPath) override;
   FileError Copy(const std::string& source, const std::string& target) override;
   FileError Delete(const std::string& path) override;
   std::unique_ptr<AppendFile> OpenForAppend(const std::string& path, std::string_view wholeEnds,
                                             FileError* error) override;
+  FileError Rewrite(const std::string& path, const FileEdit& edit) override;
   std::optional<std::string> ReadWhole(const std::string& path) override;
 };
 

@@ -36,10 +36,6 @@ constexpr struct {
   bool repeatable;
 } groupStarts[] = {{"(?:", true}, {"(?=", true}, {"(?!", true}, {"(?<=", false}, {"(?<!", false}};
 
-bool IsDigit(char c) {
-  return c >= '0' && c <= '9';
-}
-
 bool IsAsciiLetter(char c) {
   return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z');
 }

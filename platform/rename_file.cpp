@@ -6,30 +6,34 @@
 #include <dirent.h>
 #include <fcntl.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 #include <cerrno>
 #include <cstdio>
 
 #include "base/letter_case.h"
+#include "platform/careful_rename.h"
 #include "platform/files.h"
 #include "platform/temporary_name.h"
 
 namespace tallowbrook {
 namespace {
 
-// Whoever creates the target between the two calls loses it; the file system offers no better.
-int RenameAfterLooking(const char* from, const char* to) {
+// A second name that replaces nothing, and then the first one's end: no race can lose a file. Where
+// there are no links, as for folders, it looks and then renames: whoever creates the target between
+// the two calls loses it.
+int RenameInTwoSteps(const char* from, const char* to) {
+  if (link(from, to) == 0) {
+    if (unlink(from) == 0) return 0;
+    const int error = errno;
+    unlink(to);
+    return error;
+  }
+  if (errno == EEXIST || errno == ENOENT || errno == EXDEV) return errno;
   struct stat found;
   if (lstat(to, &found) == 0) return EEXIST;
   if (errno != ENOENT) return errno;
   return rename(from, to) == 0 ? 0 : errno;
-}
-
-// 0 or errno; EEXIST if anything stands at the target.
-int RenameWithoutReplacing(const std::string& from, const std::string& to) {
-  if (renameat2(AT_FDCWD, from.c_str(), AT_FDCWD, to.c_str(), RENAME_NOREPLACE) == 0) return 0;
-  const bool isUnknown = errno == EINVAL || errno == ENOSYS;
-  return isUnknown ? RenameAfterLooking(from.c_str(), to.c_str()) : errno;
 }
 
 bool IsSameEntry(const std::string& a, const std::string& b) {
@@ -82,20 +86,26 @@ FileError RenameError(int number) {
 
 }  // namespace
 
+int RenameWithoutReplacing(const std::string& from, const std::string& to) {
+  if (renameat2(AT_FDCWD, from.c_str(), AT_FDCWD, to.c_str(), RENAME_NOREPLACE) == 0) return 0;
+  const bool isUnknown = errno == EINVAL || errno == ENOSYS;
+  return isUnknown ? RenameInTwoSteps(from.c_str(), to.c_str()) : errno;
+}
+
+int ChangeCase(const std::string& folder, const std::string& name, const std::string& newName) {
+  return IsOtherCaseOfOneEntry(folder, name, newName)
+             ? RenameThroughTemporary(folder, JoinPath(folder, name), JoinPath(folder, newName))
+             : EEXIST;
+}
+
 FileError SystemFiles::Rename(const std::string& folder, const std::string& name,
                               const std::string& newName) {
   // An old name may be one that no file gets here any more; it may stay as it is.
   if (!IsOneEntry(name) || (name != newName && !IsValidName(newName)))
     return FileError::InvalidName;
-  const std::string from = JoinPath(folder, name);
-  const std::string to = JoinPath(folder, newName);
-  int error = RenameWithoutReplacing(from, to);
-  if (error == EEXIST) {
-    if (name == newName) return FileError::None;
-    if (IsOtherCaseOfOneEntry(folder, name, newName)) {
-      error = RenameThroughTemporary(folder, from, to);
-    }
-  }
+  int error = RenameWithoutReplacing(JoinPath(folder, name), JoinPath(folder, newName));
+  if (error == EEXIST && name == newName) return FileError::None;
+  if (error == EEXIST) error = ChangeCase(folder, name, newName);
   return RenameError(error);
 }
 

@@ -5,6 +5,7 @@
 
 #include <cerrno>
 
+#include "platform/file_bytes.h"
 #include "platform/file_descriptor.h"
 #include "platform/files.h"
 #include "platform/stat_facts.h"
@@ -15,22 +16,6 @@ namespace {
 bool IsFolder(const std::string& path) {
   struct stat facts;
   return lstat(path.c_str(), &facts) == 0 && S_ISDIR(facts.st_mode);
-}
-
-// Up to the end that reading finds; the size is only a guess. False on an error.
-bool ReadToEnd(int file, std::size_t sizeGuess, std::string& bytes) {
-  std::size_t filled = 0;
-  bytes.resize(sizeGuess + 1);
-  for (;;) {
-    const ssize_t got = read(file, bytes.data() + filled, bytes.size() - filled);
-    if (got < 0 && errno == EINTR) continue;
-    if (got <= 0) {
-      bytes.resize(filled);
-      return got == 0;
-    }
-    filled += static_cast<std::size_t>(got);
-    if (filled == bytes.size()) bytes.resize(2 * filled + 4096);
-  }
 }
 
 }  // namespace
@@ -57,9 +42,8 @@ std::optional<std::string> SystemFiles::ReadWhole(const std::string& path) {
   if (!file.IsOpen() || fstat(file.Number(), &facts) != 0) return std::nullopt;
   if (!S_ISREG(facts.st_mode)) return std::nullopt;
   std::string bytes;
-  if (!ReadToEnd(file.Number(), static_cast<std::size_t>(facts.st_size), bytes)) {
-    return std::nullopt;
-  }
+  const auto size = static_cast<std::size_t>(facts.st_size);
+  if (ReadToEnd(file.Number(), size, bytes) != 0) return std::nullopt;
   return bytes;
 }
 

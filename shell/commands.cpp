@@ -5,7 +5,8 @@
 namespace tallowbrook {
 
 namespace {
-constexpr std::array<Command, 2> commands = {{
+constexpr std::array<Command, 3> commands = {{
+    {commandViewLog, "View Log", "Show what was renamed, and undo it"},
     {commandReset, "Reset Renaming settings to default",
      "Set the pages back to how a first start shows them"},
     {commandExit, "Exit Program", "Close Tallowbrook"},

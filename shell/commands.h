@@ -13,6 +13,7 @@ struct Command {
 };
 
 inline constexpr int commandReset = 150003;
+inline constexpr int commandViewLog = 113002;
 inline constexpr int commandExit = 57665;
 
 // In the order in which the window shows them.

@@ -9,6 +9,7 @@ Form1::Form1(const World& world)
     : settings(screen),
       pane(screen),
       scan({world.files, world.clock, world.events, statusBar, world.home}, ListView1, pane),
+      operations({world.files, world.dialogs, world.desktop, statusBar}, screen, ListView1, scan),
       pool(settings, ListView1, world.dialogs, world.clock, world.random),
       names(settings, pool, world.clock, world.dateNames),
       preview(screen, settings, ListView1, names, pool, world.dialogs, world.events, statusBar),
@@ -23,6 +24,10 @@ Form1::Form1(const World& world)
                     {.name = "PushButton_Preview",
                      .caption = "Preview",
                      .tip = "Show the new names; nothing on the disk changes"}),
+      Undo(screen, {.name = "Cmd_Undo", .caption = "Undo"},
+           {.name = "PushButton_Undo",
+            .caption = "Undo",
+            .tip = "Show what was renamed, and undo it"}),
       Exit(screen, {.name = "Cmd_Exit", .caption = "Exit"},
            {.name = "PushButton_Exit", .caption = "Exit"}),
       world_(world) {
@@ -32,6 +37,8 @@ Form1::Form1(const World& world)
 void Form1::WireButtons() {
   Apply.Does([this] { run.RenameFiles(0, {}); });
   PreviewButton.Does([this] { preview.PreviewFiles(); });
+  Undo.Does([this] { OpenHistoryWindow(); });
+  operations.OpenManualRename = [this] { OpenManualRename(); };
   Exit.Does([this] { ExitProgram(); });
   run.updateMoveControls = [this] { pages.UpdateMoveControls(); };
   preview.ended = [this] { return ExitDone; };
@@ -65,7 +72,7 @@ void Form1::Load() {
       [this] {
         if (AutoUpdate) AutoUpdateIfDue();
       },
-      [this] { ShowDateCaption(); },
+      [this] { operations.ShowDateCaption(); },
       [this] { pages.unique.UniqueClicked(); },
       [this] {
         if (DisplayStartupTipsNew == 1) ShowStartupTips();
@@ -83,10 +90,6 @@ void Form1::Load() {
 void Form1::ClearStatusBar() {
   statusBar.Set(0, "");
   statusBar.Set(1, "");
-}
-
-void Form1::ShowDateCaption() {
-  ListView1.SetCaption(Column::Date, scan.DateColumnMode == 1 ? "Date Created" : "Date Modified");
 }
 
 void Form1::SetInitialOptions() {
@@ -116,6 +119,9 @@ void Form1::Dispatch(int number) {
     case commandReset:
       pages.ResetSettings();
       break;
+    case commandViewLog:
+      OpenHistoryWindow();
+      break;
     case commandExit:
       ExitProgram();
       break;
@@ -125,14 +131,19 @@ void Form1::Dispatch(int number) {
 }
 
 void Form1::OpenManualRename() {
-  ManualRenameRow = 0;
-  for (std::size_t i = 1; i <= ListView1.Count() && ManualRenameRow == 0; ++i) {
-    if (ListView1.Row(i).Selected) ManualRenameRow = i;
-  }
+  ManualRenameRow = ListView1.HighlightedRow();
   if (ManualRenameRow == 0 || !showManualRename) return;
   ManualRename dialog(ListView1.Row(ManualRenameRow).name, world_.dialogs,
                       [this](const std::string& name) { run.RenameFiles(ManualRenameRow, name); });
   showManualRename(dialog);
+}
+
+void Form1::OpenHistoryWindow() {
+  if (!showHistory) return;
+  LogHistory history(
+      {world_.files, world_.dialogs, world_.events, nullptr, [this] { scan.FilterList(); }},
+      log.Path());
+  showHistory(history);
 }
 
 // Nothing is stored yet: every start is a first one and shows the user's own folder.
@@ -145,7 +156,6 @@ void Form1::BuildPaths() {}
 void Form1::CreateThumbnailGenerator() {}
 void Form1::LoadGenreLists() {}
 void Form1::LoadLayout() {}
-void Form1::DeleteHighlighted() {}
 void Form1::SaveSettings() {}
 void Form1::AskAutoUpdate() {}
 void Form1::AutoUpdateIfDue() {}

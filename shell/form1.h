@@ -16,11 +16,12 @@
 #include "engine/rename_run.h"
 #include "engine/rename_settings.h"
 #include "engine/unique_parameter.h"
-#include "filelist/folder_scan.h"
+#include "filelist/list_operations.h"
 #include "platform/program_folders.h"
 #include "shell/blinker.h"
 #include "shell/manual_rename.h"
 #include "store/log_file.h"
+#include "store/log_history.h"
 
 namespace tallowbrook {
 
@@ -31,6 +32,7 @@ struct World {
   RandomSource& random;
   Dialogs& dialogs;
   PendingEvents& events;
+  Desktop& desktop;
   const DateNames& dateNames;
   ProgramFolders folders;
   std::string home;  // the folder that a first start shows
@@ -47,6 +49,7 @@ class Form1 {
   RenameSettings settings;
   ListPane pane;
   FolderScan scan;
+  ListOperations operations;
   RandomNumberPool pool;
   NameBuilder names;
   Preview preview;
@@ -56,11 +59,11 @@ class Form1 {
 
   ButtonPair Apply;  // Cmd_Apply, PushButton_Apply
   ButtonPair PreviewButton;
+  ButtonPair Undo;  // Cmd_Undo, PushButton_Undo
   ButtonPair Exit;
 
   bool ProgramLoading = false;
   bool ExitDone = false;
-  bool ListHasFocus = false;
   bool LoadSavedSettings = true;
   bool AutoUpdate = true;
   bool FirstRun = true;
@@ -81,33 +84,31 @@ class Form1 {
   // A number that no command bears does nothing.
   void Dispatch(int number);
 
-  // Keys at window level. Escape stops a fill; Alt+D goes to the address; Delete is the list's
-  // only while that has the focus, and edits text elsewhere.
+  // Keys at window level. Escape stops a fill, Alt+D goes to the address.
   void EscapeKey() { scan.AbortRequested = true; }
-  void DeleteKey() {
-    if (ListHasFocus) DeleteHighlighted();
-  }
+  void DeleteKey() { operations.DeleteKey(); }
   void AddressShortcut() { screen.RequestFocus(pane.Txt_Address); }
 
   // Opens the dialog that renames the highlighted row; nothing without one.
   void OpenManualRename();
+  // Opens the history of all runs, and its undo.
+  void OpenHistoryWindow();
 
-  // Set by the window: shows the dialog until it closes; closes the main window.
+  // Set by the window: each shows a dialog until it closes; the last closes the main window.
   std::function<void(ManualRename&)> showManualRename;
+  std::function<void(LogHistory&)> showHistory;
   std::function<void()> unload;
 
  private:
   void WireButtons();
   void SetInitialOptions();
   void ClearStatusBar();
-  void ShowDateCaption();
   // Named steps that have little to do as long as nothing is stored, styled or read from tags.
   void LoadSkin();
   void BuildPaths();
   void CreateThumbnailGenerator();
   void LoadGenreLists();
   void LoadLayout();
-  void DeleteHighlighted();
   void GetConfiguration();
   void SaveSettings();
   void AskAutoUpdate();

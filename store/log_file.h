@@ -1,4 +1,8 @@
 // Logfile.txt as a run writes it: opened for the batch, one write a record, closed behind it.
+//
+// Two windows may run at once. The second one's records then come with a header each, which readers
+// pass over, so that none of them stands in a batch without one; and the last of the two to end
+// ends the batch.
 #pragma once
 
 #include <memory>
@@ -25,11 +29,15 @@ class LogFile : public RunLog {
   // Writes the text and a line break, as one write, so that a killed run leaves whole lines. A
   // header that couldn't be written yet goes before it, in the same write.
   void LogMessage(std::string_view text);
+  FileError Write(std::string_view text);
+  bool IsAlone();
 
   Files& files_;
   std::string path_;
   std::unique_ptr<AppendFile> file_;
-  std::string header_;  // as long as it isn't in the file
+  std::string header_;
+  bool hasHeader_ = false;  // the file
+  bool isAlone_ = false;    // no other window's run writes to it
   std::string line_;
   std::string buffer_;
 };

@@ -1,6 +1,8 @@
 #include "store/log_format.h"
 
 #include <array>
+#include <map>
+#include <unordered_map>
 
 #include "base/text.h"
 
@@ -109,58 +111,86 @@ std::vector<std::string_view> SplitBatches(std::string_view log) {
   return batches;
 }
 
-std::optional<Batch> ParseBatch(std::string_view text) {
+std::optional<BatchSummary> Summarize(std::string_view batch) {
   std::array<std::size_t, 3> blanks{};
   std::size_t from = 0;
   for (std::size_t& blank : blanks) {
-    blank = text.find(' ', from);
+    blank = batch.find(' ', from);
     if (blank == std::string_view::npos) return {};
     from = blank + 1;
   }
-  Batch batch;
-  batch.date = text.substr(blanks[0] + 1, blanks[1] - blanks[0] - 1);
-  const std::string_view time = text.substr(blanks[1] + 1, blanks[2] - blanks[1] - 1);
+  BatchSummary summary;
+  summary.date = batch.substr(blanks[0] + 1, blanks[1] - blanks[0] - 1);
+  const std::string_view time = batch.substr(blanks[1] + 1, blanks[2] - blanks[1] - 1);
   if (time.size() < 2) return {};
-  batch.time = time.substr(1, time.size() - 2);
-  for (std::size_t at = 0;;) {
-    const std::size_t end = text.find(lineBreak, at);
-    batch.lines.push_back(text.substr(at, end == std::string_view::npos ? end : end - at));
-    if (end == std::string_view::npos) return batch;
-    at = end + lineBreak.size();
+  summary.time = time.substr(1, time.size() - 2);
+  std::ptrdiff_t breaks = 0;
+  for (std::size_t at = 0; (at = batch.find(lineBreak, at)) != std::string_view::npos;) {
+    ++breaks;
+    at += lineBreak.size();
   }
+  // A first line that is empty is no record, and the header behind it isn't either.
+  summary.files = breaks - (batch.starts_with(lineBreak) ? 2 : 1);
+  ForEachInnerLine(batch, [&](std::string_view line) {
+    if (line.starts_with('0')) ++summary.errors;
+  });
+  return summary;
 }
 
-std::vector<Entry> ParseEntries(const Batch& batch) {
-  std::vector<Entry> entries;
-  for (std::size_t i = 1; i + 1 < batch.lines.size(); ++i) {
-    std::optional<Entry> entry = ParseRecord(batch.lines[i]);
-    if (!entry) continue;
-    entry->line = i;
-    entries.push_back(std::move(*entry));
-  }
-  return entries;
-}
-
-std::optional<Entry> ParseRecord(std::string_view line) {
+std::optional<RecordText> ParseRecord(std::string_view line) {
+  constexpr std::size_t none = std::string_view::npos;
   if (line.empty() || line.front() == '@') return {};
-  const std::vector<std::string_view> parts = Split(line, statusEnd);
-  if (parts.size() < 3) return {};
-  const std::string_view payload = parts[1];
-  const std::vector<std::string_view> fields = Split(payload, fieldEnd);
-  if (fields.size() < 3) return {};
-  Entry entry{};
-  entry.status = parts[0];
-  entry.oldPath = Unescaped(TrimBlanks(fields[0]));
-  std::string_view newPath = fields[1];
-  if (entry.status == "0") {
+  const std::size_t head = line.find(statusEnd);
+  const std::size_t tail = head == none ? none : line.find(statusEnd, head + 1);
+  if (tail == none) return {};
+  const std::string_view payload = line.substr(head + 1, tail - head - 1);
+  const std::size_t first = payload.find(fieldEnd);
+  const std::size_t second = first == none ? none : payload.find(fieldEnd, first + 1);
+  if (second == none) return {};
+  RecordText record{line.substr(0, head), TrimBlanks(payload.substr(0, first)), {}, {}};
+  std::size_t newEnd = second;
+  if (record.status == "0") {
     // A name that failed may hold question marks of its own; nothing stands behind it.
-    const std::size_t start = fields[0].size() + 1;
-    newPath = payload.substr(start, payload.rfind(fieldEnd) - start);
-  } else if (fields.size() == 4) {
-    entry.detail = Unescaped(TrimBlanks(fields[2]));
+    newEnd = payload.rfind(fieldEnd);
+  } else {
+    const std::size_t third = payload.find(fieldEnd, second + 1);
+    const bool isDated = third != none && payload.find(fieldEnd, third + 1) == none;
+    if (isDated) record.detail = TrimBlanks(payload.substr(second + 1, third - second - 1));
   }
-  entry.newPath = Unescaped(TrimBlanks(newPath));
-  return entry;
+  record.newPath = TrimBlanks(payload.substr(first + 1, newEnd - first - 1));
+  return record;
+}
+
+std::string Rewritten(std::string_view log, const std::vector<BatchChange>& changes,
+                      std::size_t* applied) {
+  struct Twins {
+    std::map<std::size_t, const BatchChange*> changes;  // by twinsBefore
+    std::size_t seen = 0;
+  };
+  std::unordered_map<std::string_view, Twins> pending;
+  for (const BatchChange& change : changes) {
+    pending[change.before].changes[change.twinsBefore] = &change;
+  }
+  std::size_t count = 0;
+  std::string text;
+  text.reserve(log.size());
+  std::size_t at = 0;
+  for (std::size_t end; (end = log.find(batchEnd, at)) != std::string_view::npos; at = end + 1) {
+    const std::string_view batch = log.substr(at, end - at);
+    std::optional<std::string_view> kept = batch;
+    if (const auto twins = pending.find(batch); twins != pending.end()) {
+      const auto change = twins->second.changes.find(twins->second.seen++);
+      if (change != twins->second.changes.end()) {
+        kept = change->second->after;
+        ++count;
+      }
+    }
+    if (kept) text.append(*kept) += batchEnd;
+  }
+  if (applied != nullptr) *applied = count;
+  const std::string_view tail = log.substr(at);
+  if (tail != lineBreak) text += tail;
+  return text;
 }
 
 }  // namespace tallowbrook::log_format

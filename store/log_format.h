@@ -5,6 +5,7 @@
 // a record.
 #pragma once
 
+#include <cstddef>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -15,7 +16,7 @@
 
 namespace tallowbrook::log_format {
 
-inline constexpr char recordEnd = 5;   // written behind each record, never read
+inline constexpr char recordEnd = 5;   // closes a record for the eye; nothing looks for it
 inline constexpr char statusEnd = 6;   // between the status and the paths
 inline constexpr char batchEnd = 7;    // ends a batch
 inline constexpr char escape = 16;     // before two upper-case hex digits
@@ -32,29 +33,54 @@ void FormatRecord(const RunRecord& record, std::string& line);
 std::string Escaped(std::string_view path, bool keepQuestionMarks = false);
 std::string Unescaped(std::string_view text);
 
-struct Batch {
-  std::string date;
-  std::string time;
-  // The lines of its text, split at line breaks; line 0 is empty if the batch begins with one.
-  std::vector<std::string_view> lines;
-};
 // The batches' texts: what stands between the ends of batches. What stands behind the last end
 // belongs to a run that didn't finish, and isn't one.
 std::vector<std::string_view> SplitBatches(std::string_view log);
-// Nothing for a batch whose header lacks one of its three blanks or the brackets of its time.
-std::optional<Batch> ParseBatch(std::string_view text);
 
-struct Entry {
-  std::size_t line;  // its index in the batch's lines
-  std::string status;
-  std::string oldPath;
-  std::string newPath;
-  std::string detail;
+struct BatchSummary {
+  std::string date;
+  std::string time;
+  // By the number of lines alone: a batch that was torn may count one more or less than it holds.
+  std::ptrdiff_t files = 0;
+  std::ptrdiff_t errors = 0;
 };
-// The entries between the batch's first line and its last. A line that holds none is passed over.
-std::vector<Entry> ParseEntries(const Batch& batch);
-// Nothing for a line that holds no entry: an empty one, a header, one of too few fields, or one
+// Nothing for a batch whose header lacks one of its three blanks or the brackets of its time.
+std::optional<BatchSummary> Summarize(std::string_view batch);
+
+// The lines of a batch that may hold a record: those with a line break at both ends.
+template <typename Visit>
+void ForEachInnerLine(std::string_view batch, Visit visit) {
+  std::size_t start = batch.find(lineBreak);
+  while (start != std::string_view::npos) {
+    start += lineBreak.size();
+    const std::size_t end = batch.find(lineBreak, start);
+    if (end != std::string_view::npos) visit(batch.substr(start, end - start));
+    start = end;
+  }
+}
+
+// The pieces of a record as they stand in the line, blanks around them trimmed, escapes kept.
+struct RecordText {
+  std::string_view status;
+  std::string_view oldPath;
+  std::string_view newPath;
+  std::string_view detail;
+};
+// Nothing for a line that holds no record: an empty one, a header, one of too few fields, or one
 // that a full disk or a power cut left without its end.
-std::optional<Entry> ParseRecord(std::string_view line);
+std::optional<RecordText> ParseRecord(std::string_view line);
+
+// A batch's text and what takes its place; nothing takes the place of a deleted one.
+struct BatchChange {
+  std::string_view before;
+  std::optional<std::string_view> after;
+  // How many batches that read alike stand before it.
+  std::size_t twinsBefore = 0;
+};
+// The log with some batches changed, each batch followed by its end. A change finds its batch by
+// the text; all other batches stay, and so does one without its end behind them. `*applied`, if
+// given, is set to how many of the changes found their batch.
+std::string Rewritten(std::string_view log, const std::vector<BatchChange>& changes,
+                      std::size_t* applied = nullptr);
 
 }  // namespace tallowbrook::log_format

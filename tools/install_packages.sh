@@ -22,5 +22,6 @@ program_packages=(g++ cmake ninja-build pkg-config libpcre2-dev qt6-base-dev qt6
 tour_packages=(xvfb)
 check_packages=(git libgtest-dev libgmock-dev clang-format clang-tidy python3)
 measure_packages=(libbenchmark-dev)
+fuzz_packages=(clang libclang-rt-dev)
 
 jobs=$(nproc)

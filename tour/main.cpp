@@ -10,6 +10,7 @@
 #include "desktop/application.h"
 #include "desktop/events.h"
 #include "desktop/main_window.h"
+#include "desktop/opener.h"
 #include "desktop/text.h"
 #include "platform/clock.h"
 #include "platform/files.h"
@@ -22,12 +23,14 @@ namespace {
 
 using namespace tallowbrook;
 
-// Nobody is there to answer: a box is printed, and No is what it gets.
+// Nobody is there to answer: a box is printed, and the tour's own question before an undo gets Yes,
+// any other No.
 class PrintedDialogs : public Dialogs {
  public:
   Answer Ask(const MessageBox& box) override {
     std::cout << "  [" << box.title << "] " << Printable(box.text) << "\n";
-    return box.buttons == Buttons::Ok ? Answer::Ok : Answer::No;
+    if (box.buttons == Buttons::Ok) return Answer::Ok;
+    return box.title == "Confirm Undo" ? Answer::Yes : Answer::No;
   }
 };
 
@@ -38,11 +41,13 @@ void Run(const QString& pictures) {
   SystemRandom random;
   PrintedDialogs dialogs;
   WindowEvents events;
+  WindowDesktop desktop;
   Form1 form({files,
               clock,
               random,
               dialogs,
               events,
+              desktop,
               EnglishDateNames(),
               {ToBytes(QApplication::applicationDirPath()) + "/", samples.Data()},
               samples.Home()});

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <filesystem>
 #include <fstream>
+#include <iterator>
 #include <random>
 #include <stdexcept>
 
@@ -64,6 +65,17 @@ std::vector<std::string> SampleFiles::Names() const {
   }
   std::ranges::sort(found);
   return found;
+}
+
+SampleFiles::State SampleFiles::Photographed() const {
+  State state;
+  for (const std::string& name : Names()) {
+    std::ifstream file(Photos() + name, std::ios::binary);
+    std::string bytes{std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
+    state[name] = {std::move(bytes),
+                   fs::last_write_time(Photos() + name).time_since_epoch().count()};
+  }
+  return state;
 }
 
 std::string Printable(const std::string& bytes) {

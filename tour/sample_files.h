@@ -1,7 +1,10 @@
 // The folder that the tour works on: a home of its own with a folder of odd names, gone at the end.
 #pragma once
 
+#include <cstdint>
+#include <map>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace tallowbrook {
@@ -20,6 +23,9 @@ class SampleFiles {
   std::string Data() const { return root_ + "data/"; }
   // What is in the folder of photos now, sorted by bytes.
   std::vector<std::string> Names() const;
+  // The same folder by name: contents and time of modification in nanoseconds.
+  using State = std::map<std::string, std::pair<std::string, std::int64_t>>;
+  State Photographed() const;
 
   static constexpr char photosName[] = "Holiday photos";
 

@@ -1,9 +1,13 @@
 #include "tour/tour.h"
 
+#include <QApplication>
 #include <QLineEdit>
+#include <QPainter>
 #include <QTest>
+#include <QTimer>
 #include <QTreeView>
 #include <algorithm>
+#include <exception>
 #include <fstream>
 #include <iostream>
 #include <iterator>
@@ -13,17 +17,12 @@
 
 namespace tallowbrook {
 
-namespace {
-
-// Long enough for queued work and for what is painted at most 20 times a second.
-void Settle() {
-  QTest::qWait(150);
-}
-
-}  // namespace
-
 Tour::Tour(Form1& form, MainWindow& window, const SampleFiles& samples, QString pictures)
-    : form_(form), window_(window), samples_(samples), pictures_(std::move(pictures)) {}
+    : form_(form),
+      window_(window),
+      samples_(samples),
+      pictures_(std::move(pictures)),
+      hands_(window) {}
 
 void Tour::Run() {
   if (!QTest::qWaitForWindowExposed(&window_)) throw std::runtime_error("the window doesn't show");
@@ -33,60 +32,35 @@ void Tour::Run() {
   TypeAddress();
   ClickFolder();
   Picture("folder");
+  const SampleFiles::State before = samples_.Photographed();
+  ShowMenu();
 
-  Click("Check_Prefix");
-  Type("Text_Prefix", QStringLiteral("Trip "));
-  Pick("Combo_Original", 2);
+  hands_.Click("Check_Prefix");
+  hands_.Type("Text_Prefix", QStringLiteral("Trip "));
+  hands_.Pick("Combo_Original", 2);
   Rename("File Name Properties: a prefix, upper case, a number");
 
   TurnToPage(2);
-  Pick("Combo_RemoveChars", 5);
+  hands_.Pick("Combo_RemoveChars", 5);
   Rename("Delete / Remove: the first five characters");
 
   TurnToPage(3);
-  Type("Combo_Find", QStringLiteral("-0"));
-  Type("Combo_Replace", QStringLiteral(" no. "));
+  hands_.Type("Combo_Find", QStringLiteral("-0"));
+  hands_.Type("Combo_Replace", QStringLiteral(" no. "));
   Rename("Find / Replace: \"-0\" by \" no. \"");
 
   TurnToPage(4);
   Picture("advanced");
-  Click("Option_ChangeFileDate");
+  hands_.Click("Option_ChangeFileDate");
   Picture("advanced-date");
   TurnToPage(5);
   Picture("tags");
-}
 
-QWidget* Tour::Find(const char* name) const {
-  auto* widget = window_.findChild<QWidget*>(QLatin1String(name));
-  if (!widget) throw std::runtime_error(std::string("no control named ") + name);
-  if (!widget->isVisible()) throw std::runtime_error(std::string("out of sight: ") + name);
-  return widget;
-}
-
-void Tour::Click(const char* name) {
-  QWidget* widget = Find(name);
-  // At the left, where a check box has its box.
-  QTest::mouseClick(widget, Qt::LeftButton, {}, QPoint(10, widget->height() / 2));
-  Settle();
-}
-
-void Tour::Type(const char* name, const QString& text) {
-  QWidget* widget = Find(name);
-  auto* edit = qobject_cast<QLineEdit*>(widget);
-  if (!edit) edit = widget->findChild<QLineEdit*>();
-  if (!edit) throw std::runtime_error(std::string("takes no text: ") + name);
-  QTest::mouseClick(edit, Qt::LeftButton);
-  QTest::keyClick(edit, Qt::Key_A, Qt::ControlModifier);
-  QTest::keyClick(edit, Qt::Key_Delete);
-  QTest::keyClicks(edit, text);
-  Settle();
-}
-
-void Tour::Pick(const char* name, int steps) {
-  QWidget* list = Find(name);
-  list->setFocus(Qt::TabFocusReason);
-  for (int step = 0; step < steps; ++step) QTest::keyClick(list, Qt::Key_Down);
-  Settle();
+  UndoEverything();
+  if (samples_.Photographed() != before) {
+    throw std::runtime_error("the undone folder isn't what it was: names, contents or times");
+  }
+  std::cout << "\nThe folder is byte for byte as it was: names, contents, times.\n";
 }
 
 void Tour::TurnToPage(int number) {
@@ -97,9 +71,9 @@ void Tour::TurnToPage(int number) {
 
 void Tour::TypeAddress() {
   QTest::keyClick(&window_, Qt::Key_D, Qt::AltModifier);
-  auto* address = qobject_cast<QLineEdit*>(Find("Txt_Address"));
+  auto* address = qobject_cast<QLineEdit*>(hands_.Find("Txt_Address"));
   if (!address->hasFocus()) throw std::runtime_error("Alt+D doesn't reach the address");
-  Type("Txt_Address", ToText(samples_.Photos()));
+  hands_.Type("Txt_Address", ToText(samples_.Photos()));
   QTest::keyClick(address, Qt::Key_Return);
   Settle();
   if (form_.scan.LastScanFolder + "/" != samples_.Photos()) {
@@ -109,7 +83,7 @@ void Tour::TypeAddress() {
 
 // First to another folder, so that the click on this one scans it.
 void Tour::ClickFolder() {
-  auto* tree = qobject_cast<QTreeView*>(Find("FolderTreeview1"));
+  auto* tree = qobject_cast<QTreeView*>(hands_.Find("FolderTreeview1"));
   const QModelIndex home = tree->model()->index(0, 0);
   QTest::mouseClick(tree->viewport(), Qt::LeftButton, {}, tree->visualRect(home).center());
   Settle();
@@ -125,10 +99,10 @@ void Tour::ClickFolder() {
 
 void Tour::Rename(const char* title) {
   std::cout << "\n== " << title << "\n";
-  Click("PushButton_Preview");
+  hands_.Click("PushButton_Preview");
   Picture("preview");
   const std::map<std::string, std::string> names = PreviewedNames();
-  Click("PushButton_Apply");
+  hands_.Click("PushButton_Apply");
   Picture("applied");
   for (const auto& [oldName, newName] : names) {
     std::cout << "  " << Printable(oldName) << "  ->  " << Printable(newName) << "\n";
@@ -169,11 +143,86 @@ void Tour::PrintNewRecords() {
   }
 }
 
+void Tour::ShowMenu() {
+  hands_.ClickRow("ListView1", 0, Qt::RightButton);
+  QWidget* menu = QApplication::activePopupWidget();
+  if (!menu) throw std::runtime_error("a right click shows no menu");
+  Picture("menu");
+  menu->close();
+  Settle();
+}
+
+// The window of the history keeps the click that opened it waiting until it closes.
+void Tour::InHistory(const std::function<void(const Hands&)>& visit) {
+  std::exception_ptr failure;
+  QTimer::singleShot(500, &window_, [&] {
+    QWidget* history = QApplication::activeModalWidget();
+    try {
+      if (!history) throw std::runtime_error("the history doesn't open");
+      visit(Hands(*history));
+    } catch (...) {
+      failure = std::current_exception();
+    }
+    if (history) history->close();
+  });
+  hands_.Click("PushButton_Undo");
+  if (failure) std::rethrow_exception(failure);
+}
+
+// Of the last batch two rows, then the others; then the batches before it, from last to first.
+void Tour::UndoEverything() {
+  std::cout << "\n== The history: two rows, then the rest\n";
+  InHistory([this](const Hands& hands) {
+    Picture("history");
+    hands.Click("Cmd_Switch");
+    Picture("history-files");
+    hands.Press("ListView2", Qt::Key_A, Qt::ControlModifier);
+    hands.Press("ListView2", Qt::Key_Space);
+    for (const int row : {1, 4}) hands.ClickCheckBox("ListView2", row);
+    Undo(hands, 2);
+    Picture("history-two-undone");
+    hands.Press("ListView2", Qt::Key_A, Qt::ControlModifier);
+    hands.Press("ListView2", Qt::Key_Space);
+    for (const int row : {1, 4}) hands.ClickCheckBox("ListView2", row);
+    Undo(hands, static_cast<int>(samples_.Names().size()) - 2);
+    Picture("history-rest-undone");
+    for (const int batch : {1, 0}) {
+      hands.Click("Cmd_Switch");
+      hands.ClickRow("ListView1", batch);
+      Undo(hands, static_cast<int>(samples_.Names().size()));
+    }
+  });
+  Picture("undone");
+}
+
+void Tour::Undo(const Hands& hands, int rows) {
+  const std::vector<std::string> before = samples_.Names();
+  hands.Click("Cmd_Undo");
+  std::vector<std::string> changed;
+  std::ranges::set_difference(samples_.Names(), before, std::back_inserter(changed));
+  for (const std::string& name : changed) std::cout << "  " << Printable(name) << "\n";
+  if (static_cast<int>(changed.size()) != rows) {
+    throw std::runtime_error("undone: " + std::to_string(changed.size()) + " rows of " +
+                             std::to_string(rows));
+  }
+}
+
+// The main window, with what stands over it.
 void Tour::Picture(const char* what) {
   const QString path = pictures_ + QStringLiteral("/%1-%2.png")
                                        .arg(++pictureCount_, 2, 10, QLatin1Char('0'))
                                        .arg(QLatin1String(what));
-  if (!window_.grab().save(path)) throw std::runtime_error("can't save " + ToBytes(path));
+  QPixmap picture = window_.grab();
+  QPainter painter(&picture);
+  for (QWidget* over : {QApplication::activeModalWidget(), QApplication::activePopupWidget()}) {
+    if (!over) continue;
+    const QPixmap inner = over->grab();
+    const QPoint place = window_.mapFromGlobal(over->mapToGlobal(QPoint()));
+    painter.drawPixmap(place, inner);
+    painter.drawRect(QRect(place, over->size()));
+  }
+  painter.end();
+  if (!picture.save(path)) throw std::runtime_error("can't save " + ToBytes(path));
 }
 
 }  // namespace tallowbrook

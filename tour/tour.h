@@ -3,12 +3,14 @@
 #pragma once
 
 #include <QString>
+#include <functional>
 #include <map>
 #include <string>
 #include <vector>
 
 #include "desktop/main_window.h"
 #include "shell/form1.h"
+#include "tour/hands.h"
 #include "tour/sample_files.h"
 
 namespace tallowbrook {
@@ -24,10 +26,6 @@ class Tour {
 
  private:
   // What a user does.
-  QWidget* Find(const char* name) const;
-  void Click(const char* name);
-  void Type(const char* name, const QString& text);
-  void Pick(const char* name, int steps);
   void TurnToPage(int number);
   void TypeAddress();
   void ClickFolder();
@@ -38,12 +36,19 @@ class Tour {
   void CheckDisk(const std::map<std::string, std::string>& names) const;
   void PrintNewRecords();
 
+  void ShowMenu();
+  void UndoEverything();
+  void InHistory(const std::function<void(const Hands&)>& visit);
+  // Presses Undo in the history; that many files must get other names.
+  void Undo(const Hands& hands, int rows);
+
   void Picture(const char* what);
 
   Form1& form_;
   MainWindow& window_;
   const SampleFiles& samples_;
   QString pictures_;
+  Hands hands_;
   int pictureCount_ = 0;
   std::size_t logSeen_ = 0;
 };

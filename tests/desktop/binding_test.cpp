@@ -155,6 +155,67 @@ TEST_F(BindingTest, LabelsShowTextFromFilesAsPlainText) {
   EXPECT_EQ(shown->text(), QStringLiteral("<img src=x> & \u21B5"));
 }
 
+// Both kinds of field, with what they have typed into them as a user would.
+TEST_F(BindingTest, TypingIsRefusedByTheModelAndPastingIsNot) {
+  Text text(screen, {.name = "Text"});
+  FreeList list(screen, {.name = "List"});
+  binder.Add(text, &window);
+  binder.Add(list, &window);
+  Show();
+  for (Text* field : std::initializer_list<Text*>{&text, &list}) {
+    field->takesKey = [](std::string_view key) { return key == "1" || key == "\xF0\x9F\x98\x80"; };
+    screen.RequestFocus(*field);
+    QWidget* focused = QApplication::focusWidget();
+    QTest::keyClicks(focused, QStringLiteral("a1 b1,1"));
+    EXPECT_EQ(field->Value(), "111");
+    QTest::keyClick(focused, Qt::Key_Backspace);
+    QTest::keyClick(focused, Qt::Key_Home, Qt::ShiftModifier);
+    QTest::keyClick(focused, Qt::Key_C, Qt::ControlModifier);
+    QTest::keyClick(focused, Qt::Key_Delete);
+    EXPECT_EQ(field->Value(), "");
+    QApplication::clipboard()->setText(QStringLiteral("x1"));
+    QTest::keyClick(focused, Qt::Key_V, Qt::ControlModifier);
+    EXPECT_EQ(field->Value(), "x1");
+    QInputMethodEvent input;
+    input.setCommitString(QString::fromUtf8("b1\xF0\x9F\x98\x80\xC3\xA9"));
+    QCoreApplication::sendEvent(focused, &input);
+    EXPECT_EQ(field->Value(), "x11\xF0\x9F\x98\x80");
+    field->Set("");
+    field->takesKey = nullptr;
+    QTest::keyClicks(focused, QStringLiteral("a"));
+    EXPECT_EQ(field->Value(), "a");
+  }
+}
+
+TEST_F(BindingTest, TheModelIsToldWhenTheKeyboardLeavesButNotWhenAMenuBorrowsIt) {
+  Text text(screen, {.name = "Text"});
+  FreeList list(screen, {.name = "List"});
+  binder.Add(text, &window);
+  binder.Add(list, &window)->addItem(QStringLiteral("item"));
+  Show();
+  QWidget other;
+  QMenu menu;
+  menu.addAction(QStringLiteral("item"));
+  for (Text* field : std::initializer_list<Text*>{&text, &list}) {
+    int left = 0;
+    field->focusLost = [&] { ++left; };
+    screen.RequestFocus(*field);
+    menu.popup({});
+    menu.close();
+    EXPECT_EQ(left, 0);
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+    EXPECT_EQ(left, 1);
+    screen.RequestFocus(*field);
+    other.show();
+    other.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&other));
+    EXPECT_EQ(left, 2);
+    other.hide();
+    Show();
+    field->focusLost = nullptr;
+  }
+}
+
 TEST_F(BindingTest, LookFollowsAndHiddenPlacesComeBack) {
   Text text(screen, {.name = "Text", .caption = "Mask"});
   Frame frame(screen, {.name = "Frame"}, false);

@@ -7,12 +7,14 @@
 #include <QTest>
 #include <QtWidgets>
 
+#include "tests/support/engine_fixture.h"
+
 namespace tallowbrook {
 
-class FileTableTest : public testing::Test {
+class FileTableTest : public EngineTest {
  protected:
-  void Add(std::initializer_list<const char*> names) {
-    for (const char* name : names) {
+  void Add(std::initializer_list<const char*> rows) {
+    for (const char* name : rows) {
       FileEntry entry;
       entry.name = name;
       entry.folder = list.Folders().Intern("/d/");
@@ -30,7 +32,7 @@ class FileTableTest : public testing::Test {
     ASSERT_TRUE(QTest::qWaitForWindowExposed(&table));
   }
   // The numbers of the rows that are checked or highlighted.
-  std::vector<std::size_t> Rows(bool FileEntry::*mark) {
+  std::vector<std::size_t> Marked(bool FileEntry::*mark) {
     std::vector<std::size_t> rows;
     for (std::size_t row = 1; row <= list.Count(); ++row) {
       if (list.Row(row).*mark) rows.push_back(row);
@@ -38,9 +40,22 @@ class FileTableTest : public testing::Test {
     return rows;
   }
 
+  // Of the middle of a row's name.
+  QPoint NamePoint(int row) {
+    return table.visualRect(model().index(row, SectionOf(Column::FileName))).center();
+  }
+  QPoint BoxPoint(int row) {
+    const QRect cell = table.visualRect(model().index(row, 0));
+    return {cell.left() + 10, cell.center().y()};
+  }
+  void Click(QPoint point, Qt::MouseButton button = Qt::LeftButton,
+             Qt::KeyboardModifiers held = {}) {
+    QTest::mouseClick(table.viewport(), button, held, point);
+  }
+  QMenu* Menu() { return qobject_cast<QMenu*>(QApplication::activePopupWidget()); }
+
   using Numbers = std::vector<std::size_t>;
-  FileList list;
-  FileTable table{list, nullptr};
+  FileTable table{list, operations, nullptr};
   QAbstractItemModelTester tester{table.model(),
                                   QAbstractItemModelTester::FailureReportingMode::Fatal};
 };
@@ -99,22 +114,107 @@ TEST_F(FileTableTest, OutcomesHaveTheirColours) {
   }
 }
 
-TEST_F(FileTableTest, AClickOnABoxTogglesItsRowAloneAndSpaceMakesAllHighlightedRowsAlike) {
+TEST_F(FileTableTest, AClickOnABoxTogglesItsRowAloneAndTakesItsHighlightOff) {
   Add({"a", "b", "c", "d"});
   Show();
-  table.selectAll();
-  const QRect cell = table.visualRect(model().index(1, 0));
-  QTest::mouseClick(table.viewport(), Qt::LeftButton, {}, {cell.left() + 10, cell.center().y()});
-  EXPECT_EQ(Rows(&FileEntry::Checked), Numbers{2});
-  QTest::mouseClick(table.viewport(), Qt::LeftButton, {}, {cell.right() + 40, cell.center().y()});
-  EXPECT_EQ(Rows(&FileEntry::Checked), Numbers{2}) << "a click beside the box";
+  for (const bool checked : {true, false, true}) {
+    table.selectAll();
+    Click(BoxPoint(1));
+    EXPECT_EQ(Marked(&FileEntry::Checked), checked ? Numbers{2} : Numbers{});
+    EXPECT_FALSE(list.Row(2).Selected);
+    EXPECT_FALSE(table.selectionModel()->isRowSelected(1));
+  }
+  Click(BoxPoint(1) + QPoint(60, 0));
+  EXPECT_EQ(Marked(&FileEntry::Checked), Numbers{2}) << "a click beside the box";
+  EXPECT_EQ(Marked(&FileEntry::Selected), Numbers{2});
+}
+
+TEST_F(FileTableTest, SpaceMakesAllHighlightedRowsAlikeAndLeavesTheHighlights) {
+  Add({"a", "b", "c", "d"});
+  list.SetChecked(2, true);
+  Show();
   table.selectRow(1);
   QTest::keyClick(&table, Qt::Key_Down, Qt::ShiftModifier);
-  EXPECT_EQ(Rows(&FileEntry::Selected), (Numbers{2, 3}));
-  QTest::keyClick(&table, Qt::Key_Space);
-  EXPECT_EQ(Rows(&FileEntry::Checked), Numbers());
-  QTest::keyClick(&table, Qt::Key_Space);
-  EXPECT_EQ(Rows(&FileEntry::Checked), (Numbers{2, 3}));
+  for (const Numbers& checked : {Numbers{}, Numbers{2, 3}}) {
+    QTest::keyClick(&table, Qt::Key_Space);
+    EXPECT_EQ(Marked(&FileEntry::Checked), checked);
+    EXPECT_EQ(Marked(&FileEntry::Selected), (Numbers{2, 3}));
+  }
+}
+
+TEST_F(FileTableTest, TheRightButtonKeepsAHighlightAndTheEmptySpaceClearsIt) {
+  Add({"a.txt", "b.mp3", "c"});
+  Show();
+  operations.ShowTagEditor = [] {};
+  const QPoint below = NamePoint(2) + QPoint(0, 100);
+  // clang-format off
+  const struct { QPoint place; Numbers highlighted; bool editsTag; } rows[] = {
+      {NamePoint(1), {2}, true}, {NamePoint(2), {3}, false}, {below, {}, false},
+      {NamePoint(1), {2}, true}};
+  // clang-format on
+  for (const auto& row : rows) {
+    Click(row.place, Qt::RightButton);
+    EXPECT_EQ(Marked(&FileEntry::Selected), row.highlighted);
+    ASSERT_EQ(Menu() != nullptr, !row.highlighted.empty());
+    if (!Menu()) continue;
+    EXPECT_EQ(Menu()->findChild<QAction*>(QStringLiteral("mnu_EditID3Tag"))->isEnabled(),
+              row.editsTag);
+    Menu()->close();
+  }
+  Click(NamePoint(2), Qt::LeftButton, Qt::ControlModifier);
+  Click(NamePoint(1), Qt::RightButton);
+  EXPECT_EQ(Marked(&FileEntry::Selected), (Numbers{2, 3}));
+  Menu()->close();
+  Click(below);
+  EXPECT_EQ(Marked(&FileEntry::Selected), Numbers());
+}
+
+TEST_F(FileTableTest, TheMenuActsOnTheHighlightedRowsByKeyOrClickAndGoes) {
+  Add({"a", "b", "c"});
+  Show();
+  table.selectRow(0);
+  table.setFocus();
+  QTest::keyClick(&table, Qt::Key_Down, Qt::ShiftModifier);
+  QContextMenuEvent key(QContextMenuEvent::Keyboard, {}, {});
+  QCoreApplication::sendEvent(&table, &key);
+  const QPointer<QMenu> menu = Menu();
+  ASSERT_TRUE(menu);
+  EXPECT_TRUE(table.viewport()->rect().contains(table.viewport()->mapFromGlobal(menu->pos())));
+  QTest::keyClick(menu, Qt::Key_A);
+  EXPECT_EQ(Marked(&FileEntry::Checked), (Numbers{1, 2}));
+  QTest::qWait(1);
+  EXPECT_FALSE(menu);
+  Click(NamePoint(2), Qt::RightButton);
+  const QAction* only = Menu()->findChild<QAction*>(QStringLiteral("mnu_SelectOnlyHighlighted"));
+  QTest::mouseClick(Menu(), Qt::LeftButton, {},
+                    Menu()->actionGeometry(const_cast<QAction*>(only)).center());
+  EXPECT_EQ(Marked(&FileEntry::Checked), Numbers{3});
+}
+
+TEST_F(FileTableTest, ADoubleClickOpensTheRowAndF2RenamesTheCurrentOne) {
+  Add({"a", "b", "c"});
+  Show();
+  std::size_t renamed = 0;
+  operations.OpenManualRename = [&] { renamed = list.HighlightedRow(); };
+  const auto doubleClick = [&](QPoint point, Qt::MouseButton button) {
+    Click(point, button);
+    if (Menu()) Menu()->close();
+    QTest::mouseDClick(table.viewport(), button, {}, point);
+  };
+  doubleClick(BoxPoint(0), Qt::LeftButton);
+  doubleClick(NamePoint(0), Qt::RightButton);
+  doubleClick(NamePoint(2) + QPoint(0, 100), Qt::LeftButton);
+  EXPECT_EQ(desktop.opened, Lines());
+  doubleClick(NamePoint(1), Qt::LeftButton);
+  EXPECT_EQ(desktop.opened, Lines{"/d/b"});
+  table.setFocus();
+  EXPECT_TRUE(operations.ListHasFocus);
+  QTest::keyClick(&table, Qt::Key_Down, Qt::ShiftModifier);
+  QTest::keyClick(&table, Qt::Key_F2);
+  EXPECT_EQ(Marked(&FileEntry::Selected), (Numbers{2, 3}));
+  EXPECT_EQ(renamed, 3U);
+  table.clearFocus();
+  EXPECT_FALSE(operations.ListHasFocus);
 }
 
 TEST_F(FileTableTest, HighlightsMoveWithTheirRowsThroughASort) {
@@ -128,7 +228,7 @@ TEST_F(FileTableTest, HighlightsMoveWithTheirRowsThroughASort) {
     QTest::mouseClick(header.viewport(), Qt::LeftButton, {}, onHeader);
     std::size_t row = 1;
     while (list.Row(row).name != "c") ++row;
-    EXPECT_EQ(Rows(&FileEntry::Selected), Numbers{row});
+    EXPECT_EQ(Marked(&FileEntry::Selected), Numbers{row});
     EXPECT_TRUE(table.selectionModel()->isRowSelected(static_cast<int>(row) - 1));
     const bool ascending = list.Row(1).name == "a";
     EXPECT_EQ(header.sortIndicatorOrder(), ascending ? Qt::AscendingOrder : Qt::DescendingOrder);
@@ -138,11 +238,11 @@ TEST_F(FileTableTest, HighlightsMoveWithTheirRowsThroughASort) {
 TEST_F(FileTableTest, TakesDroppedFilesOnceTheDropIsOver) {
   std::vector<std::string> dropped;
   table.dropped = [&](const std::vector<std::string>& paths) { dropped = paths; };
-  QMimeData files;
-  files.setData(QStringLiteral("text/uri-list"), "file:///a%FF\r\nfile:///b\r\n");
-  QDragEnterEvent enter({20, 20}, Qt::CopyAction | Qt::MoveAction, &files, Qt::LeftButton, {});
+  QMimeData mime;
+  mime.setData(QStringLiteral("text/uri-list"), "file:///a%FF\r\nfile:///b\r\n");
+  QDragEnterEvent enter({20, 20}, Qt::CopyAction | Qt::MoveAction, &mime, Qt::LeftButton, {});
   QCoreApplication::sendEvent(table.viewport(), &enter);
-  QDropEvent drop({20, 20}, Qt::CopyAction | Qt::MoveAction, &files, Qt::LeftButton, {});
+  QDropEvent drop({20, 20}, Qt::CopyAction | Qt::MoveAction, &mime, Qt::LeftButton, {});
   QCoreApplication::sendEvent(table.viewport(), &drop);
   EXPECT_TRUE(drop.isAccepted());
   EXPECT_EQ(drop.dropAction(), Qt::CopyAction) << "nothing is moved away from its owner";

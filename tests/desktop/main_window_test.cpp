@@ -71,9 +71,9 @@ TEST_F(MainWindowTest, KeysReachTheProgramFromAnyControlAndEnterGoesOrFilters) {
   EXPECT_EQ(form.ListView1.Count(), 1U);
   EXPECT_EQ(address.text().toStdString(), home.Path("sub/"));
   EXPECT_EQ(Get<FolderTree>("FolderTreeview1").currentIndex().data(), QStringLiteral("sub"));
-  QLineEdit* filter = Get<QComboBox>("Combo_Filter").lineEdit();
-  filter->setText(QStringLiteral("b*"));
-  QTest::keyClick(filter, Qt::Key_Return);
+  Get<QComboBox>("Combo_Filter").setFocus();
+  QTest::keyClicks(QApplication::focusWidget(), QStringLiteral("x"));
+  QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
   EXPECT_EQ(form.ListView1.Count(), 0U);
 }
 
@@ -93,6 +93,22 @@ TEST_F(MainWindowTest, F2RenamesAndKeepsOddBytesAndEscapeClosesItsDialogAlone) {
     EXPECT_EQ(home.Exists("new a\xFF.txt"), key == Qt::Key_Return);
     EXPECT_FALSE(form.scan.AbortRequested);
   }
+}
+
+TEST_F(MainWindowTest, UndoGivesTheOldNamesBackAndListsThem) {
+  Get<QAbstractButton>("PushButton_Apply").click();
+  dialogs.answers = {Answer::Yes};
+  QTimer::singleShot(0, [&] {
+    Settle();
+    QWidget* history = QApplication::activeModalWidget();
+    ASSERT_TRUE(history && history->windowModality() == Qt::WindowModal);
+    EXPECT_TRUE(window.geometry().contains(history->geometry().center()));
+    history->findChild<QAbstractButton*>(QStringLiteral("Cmd_Undo"))->click();
+    QTest::keyClick(history, Qt::Key_Escape);
+  });
+  Get<QAbstractButton>("PushButton_Undo").click();
+  EXPECT_EQ(home.Names(), (std::vector<std::string>{"a\xFF.txt", "b.txt", "sub"}));
+  EXPECT_EQ(form.ListView1.Row(2).name, "b.txt");
 }
 
 TEST_F(MainWindowTest, EachPageShowsItsFieldsAndTheProgramFollows) {

@@ -105,8 +105,8 @@ TEST_F(NewNameTest, DatesRunByTheirInterval) {
       {"Combo_DateInterval=3", "n.x", "n02-28-2025.x", 1},
       {start("0", "30", "2023") + "|Combo_DateInterval=2", "n.x", "n02-28-2023.x", 1},
       {start("11", "30", "1999"), "n.x", "n01-01-2000.x", 1},
-      // No such day: the zero date.
-      {start("1", "30", "2023"), "n.x", "n12-30-1899.x"},
+      // No such day, which only a typed year leads to: the zero date.
+      {"Combo_UniqueDateStart2=|" + start("1", "30", "2023"), "n.x", "n12-30-1899.x"},
       {start("0", "0", "junk"), "n.x", "n12-31-1899.x", 1},
       {start("0", "4", "2001") + shapes + "|Text_UniqueDate1= |Text_UniqueDate2=_", "n.x", "nJan 5_01.x"},
       // A date letter between the parts is a part of the pattern.

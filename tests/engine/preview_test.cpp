@@ -211,22 +211,23 @@ TEST_F(PreviewTest, TheUniquePanelShowsWhatItsKindNeeds) {
   const std::vector<std::pair<const Control*, std::string>> parts = {
       {&pages.unique.Frame_Numbers, "numbers "}, {&pages.unique.Frame_Date, "date "},
       {&settings.Combo_DateInterval, "interval "}, {&settings.Text_UniqueIncrement, "increment "},
-      {&settings.Txt_RandomTo, "randomTo "}, {&pages.unique.Lbl_RandomTo, "label "}};
+      {&pages.unique.Spin_UniqueIncrement, "arrows "}, {&settings.Txt_RandomTo, "randomTo "},
+      {&pages.unique.Spin_RandomTo, "arrows "}, {&pages.unique.Lbl_RandomTo, "label "},
+      {&settings.Check_UniqueOnly, "only "}, {&pages.unique.Frame_Unique_Other, "other "}};
   for (const auto& [kind, expected] : Pairs{
-           {"0|Combo_Unique=0", "numbers increment "}, {"2|Combo_Unique=0", "numbers "},
-           {"3|Combo_Unique=0", "numbers randomTo label "}, {"1|Combo_Unique=1", "numbers increment "},
-           {"0|Combo_Unique=2", "date interval increment "}, {"2|Combo_Unique=2", "date "}}) {
+           {"0|Combo_Unique=0", "numbers increment arrows "}, {"2|Combo_Unique=0", "numbers "},
+           {"3|Combo_Unique=0", "numbers randomTo arrows label only "},
+           {"3|Combo_Direction=2", "numbers only "},  // the tick stays as it was
+           {"1|Combo_Unique=1", "numbers increment arrows "},
+           {"0|Combo_Unique=2", "date interval increment arrows "}, {"2|Combo_Unique=2", "date "}}) {
     Set("Combo_Unique=0|Combo_Direction=" + kind);
     std::string shown;
     for (const auto& [control, part] : parts) if (control->Visible()) shown += part;
     EXPECT_EQ(shown, expected) << kind;
   }
   // clang-format on
-  // The start value follows between numbers and letters.
-  Set("Combo_Unique=0|Combo_Direction=0|Text_UniqueStart=28|Combo_Unique=1");
+  Set("Combo_Unique=0|Text_UniqueStart=28|Combo_Unique=1");
   EXPECT_EQ(settings.Text_UniqueStart.Value(), "ab");
-  Set("Combo_Unique", "0");
-  EXPECT_EQ(settings.Text_UniqueStart.Value(), "28");
 }
 
 TEST_F(PreviewTest, PagesShowTheirPanels) {

@@ -1,6 +1,7 @@
 // Logfile.txt to the byte, and back. In texts, \020 is the byte that escapes.
 #include <gtest/gtest.h>
 
+#include "store/batch_rows.h"
 #include "store/log_file.h"
 #include "store/log_format.h"
 #include "tests/support/faulty_files.h"
@@ -60,18 +61,19 @@ TEST_F(LogTest, EveryNameReadsBackToTheSameBytes) {
   const std::string text = folder.Read("Logfile.txt");
   const auto batches = SplitBatches(text);
   ASSERT_EQ(batches.size(), 2U);
-  const Batch batch = ParseBatch(batches[0]).value();
-  EXPECT_EQ(batch.date + " " + batch.time, "02/09/24 05:07");
-  const auto entries = ParseEntries(batch);
-  ASSERT_EQ(entries.size(), odd.size());
+  const BatchSummary summary = Summarize(batches[0]).value();
+  EXPECT_EQ(summary.date + " " + summary.time, "02/09/24 05:07");
+  BatchRows rows;
+  rows.Load(batches[0]);
+  ASSERT_EQ(rows.Count(), odd.size());
   for (std::size_t i = 0; i < odd.size(); ++i) {
-    EXPECT_EQ(entries[i].line, i + 1) << odd[i];
-    EXPECT_EQ(entries[i].oldPath + "|" + entries[i].newPath,
-              "/ d?\x06/" + odd[i] + "|/e /" + odd[i]);
-    EXPECT_EQ(entries[i].status + entries[i].detail, "1") << odd[i];
+    EXPECT_EQ(rows.OldPath(i + 1), "/ d?\x06/" + odd[i]);
+    EXPECT_EQ(rows.NewPath(i + 1), "/e /" + odd[i]);
+    EXPECT_EQ(rows.Detail(i + 1), "") << odd[i];
   }
+  EXPECT_EQ(rows.Text(), batches[0]);
   // The second batch begins with the line break behind the end of the first.
-  EXPECT_EQ(ParseBatch(batches[1])->lines.front(), "");
+  EXPECT_EQ(batches[1], "\r\n" + header);
 }
 
 TEST(LogFormat, EscapesJustTheBytesThatMeanSomething) {
@@ -94,8 +96,11 @@ TEST(LogFormat, AFailedNameKeepsItsQuestionMarks) {
   std::string line;
   FormatRecord({RunRecord::Kind::Failed, "/d?/", "a?", "/d?/", "why?<Date\n "}, line);
   EXPECT_EQ(line, "0\x06 /d\0203F/a\0203F?/d\0203F/why?<Date\0200A\02020?\x06\x05");
-  const Entry entry = ParseRecord(line).value();
-  EXPECT_EQ(entry.oldPath + "|" + entry.newPath + "|" + entry.detail, "/d?/a?|/d?/why?<Date\n |");
+  BatchRows rows;
+  const std::string batch = "@\r\n" + line + "\r\n";
+  rows.Load(batch);
+  EXPECT_EQ(rows.OldPath(1) + "|" + rows.NewPath(1) + "|" + rows.Detail(1),
+            "/d?/a?|/d?/why?<Date\n |");
 }
 
 // A record cut anywhere is none: what is left of it may name another file.
@@ -107,14 +112,16 @@ TEST(LogFormat, WhatIsNoRecordIsNone) {
     EXPECT_FALSE(ParseRecord(line)) << line;
   }
   const auto dated = ParseRecord("10\x06 /a ? /b? <x> ?\x06\x05").value();
-  EXPECT_EQ(dated.status + dated.oldPath + dated.newPath + dated.detail, "10/a/b<x>");
+  EXPECT_EQ(
+      std::string(dated.status).append(dated.oldPath).append(dated.newPath).append(dated.detail),
+      "10/a/b<x>");
   EXPECT_EQ(ParseRecord("1\x06 /a?/b?c?d?e?\x06\x05")->detail, "");
 }
 
 TEST(LogFormat, BatchesNeedTheirEndAndTheirHeader) {
   EXPECT_TRUE(SplitBatches("@-- 1 [2] unfinished").empty());
   for (const char* text : {"", "@-- 1", "@-- 1 [2]", "a b  c"})
-    EXPECT_FALSE(ParseBatch(text)) << text;
+    EXPECT_FALSE(Summarize(text)) << text;
 }
 
 TEST_F(LogTest, ARunWithoutALogGoesOn) {
@@ -130,6 +137,50 @@ TEST_F(LogTest, AFullDiskCostsOnlyWhatDidNotFit) {
   RunBatch({aToB, aToB, aToB});
   const std::string line = "1\x06 /d/a?/d/b?\x06\x05\r\n";
   EXPECT_EQ(folder.Read("Logfile.txt"), header + line + line + batchEndLine);
+}
+
+// Two windows: whatever ends when, each record is read, and each batch has its header.
+TEST_F(LogTest, TwoRunsAtOnceLeaveWholeBatches) {
+  const auto record = [](LogFile& to, const char* name) {
+    to.Record({RunRecord::Kind::File, "/d/", name, "/d/", name});
+  };
+  for (const bool firstEndsFirst : {true, false}) {
+    LogFile second(files);
+    second.SetPath(log.Path());
+    const Date now = *MakeDate({2024, 2, 9, 5, 7, 9});
+    log.BeginBatch(now);
+    record(log, "1");
+    second.BeginBatch(now);
+    record(second, "2");
+    record(log, "1");
+    LogFile& early = firstEndsFirst ? log : second;
+    LogFile& late = firstEndsFirst ? second : log;
+    early.EndBatch();
+    early.Close();
+    record(late, "late");
+    late.EndBatch();
+    late.Close();
+  }
+  const std::string text = folder.Read("Logfile.txt");
+  std::string names;
+  for (const std::string_view batch : SplitBatches(text)) {
+    EXPECT_TRUE(Summarize(batch)) << batch;
+    BatchRows rows;
+    rows.Load(batch);
+    for (std::size_t row = 1; row <= rows.Count(); ++row) names += rows.NewPath(row).substr(3);
+    names += " ";
+  }
+  EXPECT_EQ(names, "121 late 121late ");
+}
+
+// The log is cleared while a run goes on: what comes behind is a batch again.
+TEST_F(LogTest, ADeletedLogBeginsAnewWithTheHeader) {
+  log.BeginBatch(*MakeDate({2024, 2, 9, 5, 7, 9}));
+  log.Record(aToB);
+  ASSERT_EQ(files.Delete(log.Path()), FileError::None);
+  log.Record({RunRecord::Kind::File, "/d/", "c", "/d/", "e"});
+  log.EndBatch();
+  EXPECT_EQ(folder.Read("Logfile.txt"), header + "1\x06 /d/c?/d/e?\x06\x05\r\n" + batchEndLine);
 }
 
 // What a killed run left of a line must not swallow the next batch's header. A rewritten log ends

@@ -9,6 +9,7 @@
 #include "engine/preview.h"
 #include "engine/rename_pages.h"
 #include "engine/rename_run.h"
+#include "filelist/list_operations.h"
 #include "tests/support/fakes.h"
 #include "tests/support/faulty_files.h"
 #include "tests/support/temporary_folder.h"
@@ -104,6 +105,7 @@ class EngineTest : public testing::Test {
   FakeRandom random;
   FakeDialogs dialogs;
   FakeEvents events;
+  FakeDesktop desktop;
   FakeLog log;
   StatusBar status;
   Screen screen;
@@ -111,6 +113,7 @@ class EngineTest : public testing::Test {
   RenameSettings settings{screen};
   ListPane pane{screen};
   FolderScan scan{{files, clock, events, status, "/home/u/"}, list, pane};
+  ListOperations operations{{files, dialogs, desktop, status}, screen, list, scan};
   RandomNumberPool pool{settings, list, dialogs, clock, random};
   NameBuilder names{settings, pool, clock, EnglishDateNames()};
   Preview preview{screen, settings, list, names, pool, dialogs, events, status};

@@ -13,6 +13,7 @@
 #include "engine/rename_run.h"
 #include "engine/run_log.h"
 #include "platform/clock.h"
+#include "platform/desktop.h"
 #include "platform/random.h"
 
 namespace tallowbrook {
@@ -44,6 +45,17 @@ class FakeEvents : public PendingEvents {
   void Yield() override {
     const auto found = atYield.find(++yields);
     if (found != atYield.end()) found->second();
+  }
+};
+
+// Notes what was to be opened; what was to be shown in its folder as "folder > path".
+class FakeDesktop : public Desktop {
+ public:
+  std::vector<std::string> opened;
+
+  void Open(const std::string& path) override { opened.push_back(path); }
+  void ShowInFolder(const std::string& folder, const std::string& path) override {
+    opened.push_back(folder + " > " + path);
   }
 };
 

@@ -12,6 +12,7 @@ class FaultyAppendFile : public AppendFile {
     const FileError error = faults_.Enter(FileCall::Write, path_);
     return error != FileError::None ? error : file_->Write(bytes);
   }
+  bool IsAlone() override { return file_->IsAlone(); }
 
  private:
   FaultyFiles& faults_;
@@ -42,6 +43,16 @@ FileError FaultyFiles::Rename(const std::string& folder, const std::string& name
   const FileError fault =
       Enter(FileCall::Rename, JoinPath(folder, name), JoinPath(folder, newName));
   return fault != FileError::None ? fault : files_.Rename(folder, name, newName);
+}
+
+FileError FaultyFiles::MovePath(const std::string& path, const std::string& newPath) {
+  const FileError fault = Enter(FileCall::Move, path, newPath);
+  return fault != FileError::None ? fault : files_.MovePath(path, newPath);
+}
+
+FileError FaultyFiles::Rewrite(const std::string& path, const FileEdit& edit) {
+  const FileError fault = Enter(FileCall::Rewrite, path);
+  return fault != FileError::None ? fault : files_.Rewrite(path, edit);
 }
 
 FileError FaultyFiles::Copy(const std::string& source, const std::string& target) {

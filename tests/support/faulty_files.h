@@ -11,7 +11,7 @@
 namespace tallowbrook {
 
 // Write counts those of every AppendFile given out.
-enum class FileCall { List, Rename, Copy, Delete, Open, Write };
+enum class FileCall { List, Rename, Move, Copy, Delete, Open, Write, Rewrite };
 
 // Outlives what it gives out. A failing call never reaches the real files.
 class FaultyFiles : public Files {
@@ -21,7 +21,7 @@ class FaultyFiles : public Files {
   int Count(FileCall call) const { return counts_[static_cast<std::size_t>(call)]; }
   // The n-th call of that kind from 1; earlier calls count.
   void FailAt(FileCall call, int n, FileError error) { rules_.push_back({call, n, n, {}, error}); }
-  // Every call on that path; of Rename and Copy either path.
+  // Every call on that path; of Rename, Move and Copy either path.
   void FailPath(FileCall call, const std::string& path, FileError error) {
     rules_.push_back({call, 1, std::numeric_limits<int>::max(), path, error});
   }
@@ -34,10 +34,12 @@ class FaultyFiles : public Files {
   bool Exists(const std::string& path) override { return files_.Exists(path); }
   FileError Rename(const std::string& folder, const std::string& name,
                    const std::string& newName) override;
+  FileError MovePath(const std::string& path, const std::string& newPath) override;
   FileError Copy(const std::string& source, const std::string& target) override;
   FileError Delete(const std::string& path) override;
   std::unique_ptr<AppendFile> OpenForAppend(const std::string& path, std::string_view wholeEnds,
                                             FileError* error) override;
+  FileError Rewrite(const std::string& path, const FileEdit& edit) override;
   std::optional<std::string> ReadWhole(const std::string& path) override {
     return files_.ReadWhole(path);
   }
@@ -51,7 +53,7 @@ class FaultyFiles : public Files {
   };
 
   Files& files_;
-  std::array<int, 6> counts_{};
+  std::array<int, 8> counts_{};
   std::vector<Rule> rules_;
 };
 

@@ -20,8 +20,9 @@ void Require(bool done, const std::string& what, const std::string& path) {
 
 }  // namespace
 
-TemporaryFolder::TemporaryFolder()
-    : path_(std::filesystem::temp_directory_path() / "tallowbrook-test-XXXXXX") {
+TemporaryFolder::TemporaryFolder() : TemporaryFolder(std::filesystem::temp_directory_path()) {}
+
+TemporaryFolder::TemporaryFolder(const std::string& in) : path_(in + "/tallowbrook-test-XXXXXX") {
   Require(mkdtemp(path_.data()) != nullptr, "make", path_);
   path_ += '/';
 }

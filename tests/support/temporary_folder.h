@@ -11,6 +11,7 @@ class TemporaryFolder {
  public:
   // In the system's folder for temporary files; throws if it can't be made.
   TemporaryFolder();
+  explicit TemporaryFolder(const std::string& in);
   ~TemporaryFolder();
   TemporaryFolder(const TemporaryFolder&) = delete;
   TemporaryFolder& operator=(const TemporaryFolder&) = delete;

@@ -15,10 +15,12 @@ struct TestWorld {
   FakeClock clock;
   FakeRandom random;
   FakeDialogs dialogs;
+  FakeDesktop desktop;
 
   World With(PendingEvents& events) {
     const ProgramFolders folders{data.Path(), data.Path()};
-    return {files, clock, random, dialogs, events, EnglishDateNames(), folders, home.Path()};
+    return {files,   clock,      random, dialogs, events, desktop, EnglishDateNames(),
+            folders, home.Path()};
   }
 };
 

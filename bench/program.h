@@ -1,0 +1,46 @@
+// The program as the jobs drive it: without a window, without questions, over one folder of files.
+#pragma once
+
+#include "bench/job.h"
+#include "shell/form1.h"
+
+namespace tallowbrook::bench {
+
+inline constexpr int fileCount = 100'000;
+
+struct NoDialogs : Dialogs {
+  Answer Ask(const MessageBox&) override { return answer; }
+  Answer answer = Answer::No;
+};
+struct NoEvents : PendingEvents {
+  void Yield() override {}
+};
+struct NoDesktop : Desktop {
+  void Open(const std::string&) override {}
+  void ShowInFolder(const std::string&, const std::string&) override {}
+};
+
+struct Program {
+  std::string folder = NewFolder();
+  std::string data = NewFolder();
+  SystemFiles files;
+  SystemClock clock;
+  SystemRandom random;
+  NoDialogs dialogs;
+  NoEvents events;
+  NoDesktop desktop;
+  Form1 form{
+      {files, clock, random, dialogs, events, desktop, EnglishDateNames(), {data, data}, data}};
+
+  Program() { form.Load(); }
+  // `fileCount` empty files, and nothing else.
+  void FillAnew() {
+    EmptyFolder(folder);
+    FillFolder(folder, fileCount);
+  }
+};
+
+// One program for all jobs.
+Program& TheProgram();
+
+}  // namespace tallowbrook::bench

@@ -1,0 +1,196 @@
+// What acts on rows that exist: check marks by the boxes' arrows, delete, open, dates, the menu.
+#include "filelist/list_operations.h"
+
+#include "tests/support/engine_fixture.h"
+
+namespace tallowbrook {
+namespace {
+
+class ListOperationsTest : public EngineTest {
+ protected:
+  void Highlight(std::initializer_list<std::size_t> rows) {
+    for (std::size_t i = 1; i <= list.Count(); ++i) list.Row(i).Selected = false;
+    for (const std::size_t row : rows) list.Row(row).Selected = true;
+  }
+  std::string Highlights() {
+    std::string marks;
+    for (std::size_t i = 1; i <= list.Count(); ++i) marks += list.Row(i).Selected ? 'x' : '.';
+    return marks;
+  }
+};
+
+TEST_F(ListOperationsTest, ArrowsStepTheCheckPattern) {
+  Fill(6);
+  Scan();
+  const auto state = [&] {
+    return pane.Text_StartCheck.Value() + " " + pane.Text_Step.Value() + " " + Marks();
+  };
+  pane.VScroll2.StepUp();
+  EXPECT_EQ(state(), "0 2 x.x.x.");
+  for (int i = 0; i < 3; ++i) pane.VScroll1.StepUp();
+  EXPECT_EQ(state(), "3 2 ..x.x.");
+  pane.VScroll1.StepDown();
+  EXPECT_EQ(state(), "2 2 .x.x.x");
+  pane.Text_StartCheck.focusLost();
+  EXPECT_EQ(pane.VScroll1.Value(), 5000);
+  EXPECT_EQ(state(), "2 2 .x.x.x");
+  // The number ends at 1, though 0 can be typed; marks made by hand give way there, too.
+  for (int i = 0; i < 2; ++i) pane.VScroll1.StepDown();
+  list.SetChecked(1, false);
+  pane.VScroll1.StepDown();
+  EXPECT_EQ(state(), "1 2 x.x.x.");
+  for (int i = 0; i < 5; ++i) pane.VScroll2.StepDown();
+  EXPECT_EQ(state(), "1 0 ......");
+  // An emptied step counts as none, though it would count as 1 for the arrows.
+  Set("Text_Step=3|Text_Step=");
+  EXPECT_EQ(state(), "1 0 ......");
+}
+
+TEST_F(ListOperationsTest, DeletesForGoodAndStopsAtTheFirstFailure) {
+  List({"a", "b", "c", "d"});
+  Highlight({1, 3});
+  dialogs.answers = {Answer::No, Answer::Yes, Answer::Yes, Answer::Yes};
+  operations.DeleteHighlighted();
+  EXPECT_EQ(dialogs.asked.back().title, "Delete File");
+  EXPECT_EQ(dialogs.asked.back().text,
+            "Are you sure you want to delete the 2 highlighted file(s) from the system?");
+  EXPECT_EQ(folder.Names().size(), 4U);
+  operations.DeleteHighlighted();
+  EXPECT_EQ(folder.Names(), (Lines{"b", "d"}));
+  EXPECT_EQ(Names(), folder.Names());
+  EXPECT_EQ(Highlights(), "..");
+  // None is highlighted: it asks all the same.
+  operations.DeleteHighlighted();
+  EXPECT_NE(dialogs.asked.back().text.find("the 0 highlighted"), std::string::npos);
+  // "c" has become a folder since it was listed.
+  folder.Write("c", "");
+  Scan();
+  remove(folder.Path("c").c_str());
+  folder.MakeFolder("c");
+  Highlight({1, 2, 3});
+  operations.ListHasFocus = true;
+  operations.DeleteKey();
+  EXPECT_EQ(folder.Names(), (Lines{"c", "d"}));
+  EXPECT_EQ(status.Pane(0),
+            "1 file(s) deleted, stopped at '" + folder.Path("c") + "', which could not be deleted");
+  EXPECT_EQ(list.Count(), 3U);
+  operations.ListHasFocus = false;
+  operations.DeleteKey();
+  EXPECT_EQ(dialogs.asked.size(), 4U);
+}
+
+TEST_F(ListOperationsTest, TheMenuActsOnTheHighlightedRows) {
+  List({"a.txt", "b.MP3", "c"});
+  operations.mnu_Open.Press();
+  EXPECT_TRUE(desktop.opened.empty());
+  Highlight({1, 2});
+  // The row under the pointer is the one that opens.
+  EXPECT_TRUE(operations.MouseUp(2, true));
+  EXPECT_FALSE(operations.mnu_EditID3Tag.Enabled());  // there is no editor
+  operations.ShowTagEditor = [] {};
+  EXPECT_TRUE(operations.MouseUp(1, true));
+  EXPECT_FALSE(operations.mnu_EditID3Tag.Enabled());
+  EXPECT_TRUE(operations.MouseUp(2, true));
+  EXPECT_TRUE(operations.mnu_EditID3Tag.Enabled());
+  operations.mnu_Open.Press();
+  operations.mnu_OpenContaining.Press();
+  EXPECT_EQ(desktop.opened,
+            (Lines{folder.Path("b.MP3"), folder.Path() + " > " + folder.Path("b.MP3")}));
+  list.SetAllChecks(2);
+  list.SetChecked(3, true);
+  operations.mnu_SelectHighlighted.Press();
+  EXPECT_EQ(Marks(), "xxx");
+  Highlight({2});
+  operations.mnu_DeselectHighlighted.Press();
+  EXPECT_EQ(Marks(), "x.x");
+  operations.mnu_SelectOnlyHighlighted.Press();
+  EXPECT_EQ(Marks(), ".x.");
+  for (const auto& [row, isRight] : {std::pair{1U, false}, {0U, true}, {4U, true}}) {
+    EXPECT_FALSE(operations.MouseUp(row, isRight));
+    EXPECT_EQ(list.SelectedItem(), row % 4);
+  }
+}
+
+TEST_F(ListOperationsTest, TheMenuHasItsOrder) {
+  std::string menu;
+  for (const auto& [button, separatorBehind] : operations.RightClick()) {
+    menu += button.Caption() + (separatorBehind ? "\n--\n" : "\n");
+  }
+  EXPECT_EQ(
+      menu,
+      "Open\nOpen Containing Folder\n--\nCheck all files highlighted\n"
+      "Un-Check all files highlighted\nCheck only the files highlighted\n--\n"
+      "Delete all highlighted files from system\n--\nEdit ID3 Tag\n--\nManually Rename File\n");
+}
+
+// The selected item is a row, not a place.
+TEST_F(ListOperationsTest, ASortTakesTheSelectedItemAlong) {
+  List({"a", "b", "c"});
+  Highlight({1, 2});
+  operations.MouseUp(2, false);
+  list.SortByColumn(Column::FileName);
+  list.SortByColumn(Column::FileName);
+  list.SortByColumn(Column::FileName);
+  EXPECT_EQ(Names()[0] + list.Row(list.HighlightedRow()).name, "cb");
+}
+
+TEST_F(ListOperationsTest, ACheckTakesTheHighlightOffTheSelectedItem) {
+  List({"a", "b", "c"});
+  Highlight({1, 2});
+  operations.MouseUp(2, false);
+  operations.ItemCheck(3, false);
+  EXPECT_EQ(Highlights() + Marks(), "x..xx.");
+  operations.ItemCheck(3, true);
+  EXPECT_EQ(Highlights() + Marks(), "x..xxx");
+}
+
+TEST_F(ListOperationsTest, TheTagEditorOpensForMp3FilesAlone) {
+  List({"a.mp3", "b.txt"});
+  int shown = 0;
+  operations.ShowTagEditor = [&] { ++shown; };
+  dialogs.answers = {Answer::Ok, Answer::Ok};
+  operations.OpenTagEditorForSelection();
+  EXPECT_EQ(dialogs.asked.back().text, "You must select an MP3 file to edit");
+  Highlight({2});
+  operations.OpenTagEditorForSelection();
+  EXPECT_EQ(dialogs.asked.back().text, "You must select which MP3 file you would like to edit");
+  EXPECT_EQ(dialogs.asked.back().title, "No MP3 File Selected");
+  Highlight({1});
+  operations.OpenTagEditorForSelection();
+  EXPECT_EQ(shown, 1);
+}
+
+// The texts change, the order of a sort doesn't; a folder gets a date, a lost file loses its own.
+TEST_F(ListOperationsTest, TheDateColumnSwitches) {
+  List({"a", "b", "c"});
+  folder.SetTime("a", 1'100'000'000);
+  folder.SetTime("b", 1'000'000'000);
+  folder.SetTime("c", 1'200'000'000);
+  Scan();
+  operations.SetDateColumnMode(0);
+  EXPECT_EQ(list.Cell(1, Column::Date), "11/9/2004 11:33:20 AM");
+  folder.SetTime("b", 1'300'000'000);
+  remove(folder.Path("a").c_str());
+  operations.SetDateColumnMode(1);
+  EXPECT_EQ(list.Caption(Column::Date), "Date Created");
+  EXPECT_EQ(list.Cell(2, Column::Date), scan.GetListDate(folder.Path("b")));
+  EXPECT_EQ(list.Cell(1, Column::Date), "");
+  EXPECT_FALSE(list.Cell(1, Column::Size).empty());
+  operations.SetDateColumnMode(0);
+  EXPECT_EQ(list.Caption(Column::Date), "Date Modified");
+  EXPECT_EQ(list.Cell(2, Column::Date), "3/13/2011 7:06:40 AM");
+  // A photo's own date gives way to the file's.
+  list.Row(3).shownDate = list.Row(3).sortDate = *MakeDate({1990, 1, 1});
+  operations.UpdateDates();
+  EXPECT_EQ(list.Cell(3, Column::Date), scan.GetListDate(folder.Path("c")));
+  list.SortByColumn(Column::Date);
+  EXPECT_EQ(Names(), (Lines{"a", "b", "c"}));
+  folder.MakeFolder("sub");
+  Set("Option1_Folders", "True");
+  EXPECT_EQ(list.Cell(1, Column::Date), "");
+  operations.UpdateDates();
+  EXPECT_NE(list.Cell(1, Column::Date), "");
+}
+
+}  // namespace
+}  // namespace tallowbrook

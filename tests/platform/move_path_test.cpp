@@ -1,0 +1,131 @@
+// Moving paths on real folders, within a file system and between two: never over anything, and the
+// file stays whole at one of the two paths whatever fails.
+//
+// A file that can't be deleted is made by answering the call for it; root may delete any real one.
+#include <fcntl.h>
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstdlib>
+#include <filesystem>
+#include <optional>
+
+#include "platform/files.h"
+#include "tests/support/temporary_folder.h"
+
+namespace {
+
+std::string undeletable;
+
+}  // namespace
+
+extern "C" int unlink(const char* path) noexcept {
+  errno = EPERM;
+  return path == undeletable ? -1 : unlinkat(AT_FDCWD, path, 0);
+}
+
+namespace tallowbrook {
+namespace {
+
+using NameList = std::vector<std::string>;
+
+FileError Move(const std::string& from, const std::string& to) {
+  return SystemFiles().MovePath(from, to);
+}
+
+// The folder holds a (text "A"), hard (a's second name), folder/ with b in it (text "B"), and link,
+// a link to a.
+class MovePath : public testing::Test {
+ protected:
+  MovePath() {
+    std::filesystem::create_hard_link(folder_.Write("a", "A"), folder_.Path("hard"));
+    folder_.MakeFolder("folder");
+    folder_.Write("folder/b", "B");
+    folder_.MakeLink("link", "a");
+  }
+
+  TemporaryFolder folder_;
+};
+
+TEST_F(MovePath, TakesAnyNameToAnyFolderAndReplacesNothing) {
+  const std::tuple<std::string, std::string, FileError> rows[] = {
+      {"a", "folder/why?\n\x1B\xFF", FileError::None},
+      {"folder/why?\n\x1B\xFF", "a", FileError::None},
+      {"link", "folder/link", FileError::None},
+      {"folder", "Folder", FileError::None},
+      {"Folder", "Folder", FileError::None},
+      {"a", "Folder/b", FileError::AlreadyExists},
+      {"a", "hard", FileError::AlreadyExists},
+      {"a", "Folder/link", FileError::AlreadyExists},
+      {"a", "missing/a", FileError::NotFound},
+      {"missing", "new", FileError::NotFound},
+      {"missing", "missing", FileError::NotFound},
+      {"Folder", "Folder/in itself", FileError::InvalidName},
+      {"a", std::string("n\0", 2), FileError::InvalidName},
+      {std::string("a\0", 2), "new", FileError::InvalidName},
+  };
+  for (const auto& [from, to, error] : rows) {
+    EXPECT_EQ(Move(folder_.Path(from), folder_.Path(to)), error) << from << " to " << to;
+  }
+  EXPECT_EQ(Move("a", folder_.Path("new")), FileError::InvalidName);
+  EXPECT_EQ(Move(folder_.Path("a"), "new"), FileError::InvalidName);
+  EXPECT_EQ(folder_.Names(), (NameList{"Folder", "a", "hard"}));
+  EXPECT_EQ(folder_.Names("Folder"), (NameList{"b", "link"}));
+  EXPECT_EQ(folder_.Read("a") + folder_.Read("Folder/b"), "AB");
+}
+
+class MoveBetweenFileSystems : public MovePath {
+ protected:
+  void SetUp() override {
+    struct stat here, there;
+    if (stat(folder_.Path().c_str(), &here) != 0 || stat("/dev/shm", &there) != 0 ||
+        here.st_dev == there.st_dev || access("/dev/shm", W_OK) != 0) {
+      GTEST_SKIP() << "no second file system here";
+    }
+    const char* variable = std::getenv("TMPDIR");
+    const std::string before = std::filesystem::temp_directory_path();
+    setenv("TMPDIR", "/dev/shm", 1);
+    other_.emplace();
+    variable != nullptr ? setenv("TMPDIR", before.c_str(), 1) : unsetenv("TMPDIR");
+  }
+  ~MoveBetweenFileSystems() override { undeletable.clear(); }
+
+  std::optional<TemporaryFolder> other_;
+};
+
+TEST_F(MoveBetweenFileSystems, KeepsBytesPermissionsAndTimeAndDeletesTheSource) {
+  chmod(folder_.Write("file", "some\nbytes").c_str(), 0640);
+  folder_.SetTime("file", 1126422061, 123456789);
+  ASSERT_EQ(Move(folder_.Path("file"), other_->Path("line\nend?")), FileError::None);
+  EXPECT_FALSE(folder_.Exists("file"));
+  EXPECT_EQ(other_->Read("line\nend?"), "some\nbytes");
+  struct stat facts;
+  ASSERT_EQ(stat(other_->Path("line\nend?").c_str(), &facts), 0);
+  EXPECT_EQ(facts.st_mode & 07777, 0640u);
+  EXPECT_EQ(facts.st_mtim.tv_sec * 1'000'000'000 + facts.st_mtim.tv_nsec, 1126422061123456789);
+}
+
+TEST_F(MoveBetweenFileSystems, RefusesWithoutATrace) {
+  other_->Write("taken", "T");
+  other_->MakeLink("dangling", "nowhere");
+  mkfifo(folder_.Path("pipe").c_str(), 0600);
+  undeletable = folder_.Path("hard");
+  const NameList here = folder_.Names(), there = other_->Names();
+  const std::tuple<std::string, std::string, FileError> rows[] = {
+      {"a", "taken", FileError::AlreadyExists},      {"a", "dangling", FileError::AlreadyExists},
+      {"a", "missing/a", FileError::NotFound},       {"missing", "new", FileError::NotFound},
+      {"folder", "new", FileError::OtherFileSystem}, {"link", "new", FileError::OtherFileSystem},
+      {"pipe", "new", FileError::OtherFileSystem},   {"hard", "new", FileError::NotPermitted},
+  };
+  for (const auto& [from, to, error] : rows) {
+    EXPECT_EQ(Move(folder_.Path(from), other_->Path(to)), error) << from << " to " << to;
+    EXPECT_EQ(folder_.Names(), here) << from << " to " << to;
+    EXPECT_EQ(other_->Names(), there) << from << " to " << to;
+  }
+  EXPECT_EQ(folder_.Read("hard") + other_->Read("taken"), "AT");
+}
+
+}  // namespace
+}  // namespace tallowbrook

@@ -1,0 +1,193 @@
+// Rewriting a file: whole or not at all, and with others appending to it all the while.
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+#include <sys/syscall.h>
+#include <unistd.h>
+
+#include <atomic>
+#include <cerrno>
+#include <filesystem>
+#include <sstream>
+#include <stdexcept>
+#include <string>
+#include <thread>
+
+#include "platform/files.h"
+#include "tests/platform/refused_calls.h"
+#include "tests/support/temporary_folder.h"
+
+namespace tallowbrook {
+namespace {
+
+using NameList = std::vector<std::string>;
+
+std::string Same(std::string_view bytes) {
+  return std::string(bytes);
+}
+
+std::string Doubled(std::string_view bytes) {
+  return std::string(bytes).append(bytes);
+}
+
+struct stat StatOf(const std::string& path) {
+  struct stat facts {};
+  lstat(path.c_str(), &facts);
+  return facts;
+}
+
+class Rewrite : public testing::Test {
+ protected:
+  FileError Run(const std::string& name, const FileEdit& edit) {
+    return SystemFiles().Rewrite(folder_.Path(name), edit);
+  }
+  std::unique_ptr<AppendFile> Append(const std::string& name = "log") {
+    return SystemFiles().OpenForAppend(folder_.Path(name), "\n", nullptr);
+  }
+
+  TemporaryFolder folder_;
+};
+
+TEST_F(Rewrite, KeepsPermissionsOwnerAndLinksAndMakesAMissingFile) {
+  const std::string path = folder_.Write("log", std::string("a\0", 2));
+  chmod(path.c_str(), 0604);
+  [[maybe_unused]] const bool isOthers = chown(path.c_str(), 1234, 5678) == 0;  // root may
+  const struct stat before = StatOf(path);
+  folder_.MakeLink("link", "log");
+  folder_.MakeLink("dangling", "made");
+  for (const char* name : {"link", "log", "missing"}) {
+    EXPECT_EQ(Run(name, Doubled), FileError::None) << name;
+  }
+  EXPECT_EQ(Run("dangling", [](std::string_view) { return "new"; }), FileError::None);
+  EXPECT_EQ(folder_.Read("log"), std::string("a\0a\0a\0a\0", 8));
+  EXPECT_EQ(folder_.Read("missing") + folder_.Read("made"), "new");
+  const struct stat after = StatOf(path);
+  EXPECT_EQ(after.st_mode, before.st_mode);
+  EXPECT_TRUE(after.st_uid == before.st_uid && after.st_gid == before.st_gid);
+  EXPECT_TRUE(S_ISLNK(StatOf(folder_.Path("link")).st_mode));
+  EXPECT_EQ(folder_.Names(), (NameList{"dangling", "link", "log", "made", "missing"}));
+}
+
+// Locks and changes of owner aren't known to every file system, and only help.
+TEST_F(Rewrite, LeavesTheOldFileAndNoLitterWhenAStepFails) {
+  folder_.Write("log", "old");
+  folder_.MakeFolder("folder");
+  mkfifo(folder_.Path("pipe").c_str(), 0600);
+  const NameList before = folder_.Names();
+  EXPECT_EQ(Run("missing/log", Same), FileError::NotFound);
+  EXPECT_EQ(Run("folder", Same), FileError::IsFolder);
+  EXPECT_EQ(Run("pipe", Same), FileError::Other);
+  const FileEdit failing = [](std::string_view) -> std::string { throw std::bad_alloc(); };
+  EXPECT_THROW(Run("log", failing), std::bad_alloc);
+  const std::pair<std::vector<RefusedCall>, FileError> rows[] = {
+      {{{SYS_read, EIO}}, FileError::Io},
+      {{{SYS_write, ENOSPC}}, FileError::NoSpace},
+      {{{SYS_fsync, EIO}}, FileError::Io},
+#ifdef SYS_rename
+      {{{SYS_rename, EACCES}}, FileError::NotPermitted},
+#endif
+      {{{SYS_flock, EOPNOTSUPP}, {SYS_fchown, EPERM}, {SYS_fchmod, EPERM}}, FileError::None},
+  };
+  for (const auto& [calls, error] : rows) {
+    const auto outcome = RunRefusing(calls, [&] { return Run("log", Doubled); });
+    if (!outcome) GTEST_SKIP() << "no filter for system calls here";
+    EXPECT_EQ(*outcome, error) << calls[0].number;
+    EXPECT_EQ(folder_.Names(), before) << calls[0].number;
+    EXPECT_EQ(folder_.Read("log"), error == FileError::None ? "oldold" : "old") << calls[0].number;
+  }
+}
+
+// The writers have the file open before it is rewritten, so that they write to the old one; a hard
+// link keeps it in the folder.
+TEST_F(Rewrite, BringsWhatIsAppendedMeanwhileOverOnce) {
+  for (const bool isLinked : {false, true}) {
+    folder_.Write("log", "0\n");
+    const auto early = Append();
+    if (isLinked) std::filesystem::create_hard_link(folder_.Path("log"), folder_.Path("backup"));
+    const auto one = Append(), two = Append();
+    const auto edit = [&](std::string_view bytes) {
+      for (AppendFile* file : {one.get(), early.get()}) file->Write("during\n");
+      return Doubled(bytes);
+    };
+    EXPECT_EQ(Run("log", edit), FileError::None);
+    for (AppendFile* file : {two.get(), one.get(), early.get(), two.get()}) {
+      EXPECT_EQ(file->Write("after\n"), FileError::None);
+    }
+    EXPECT_EQ(folder_.Read("log"), "0\n0\nduring\nduring\nafter\nafter\nafter\nafter\n");
+  }
+}
+
+TEST_F(Rewrite, EndsTheLastLineOfEachFileThatAWriterFollowsTo) {
+  const auto file = Append(), idle = Append();
+  for (const auto& [text, after] : std::initializer_list<std::pair<std::string, std::string>>{
+           {"cut", "cut\r\n1\n"}, {"cut\r", "cut\r\n1\n"}, {"whole\n", "whole\n1\n"}}) {
+    EXPECT_EQ(Run("log", [&](std::string_view) { return text; }), FileError::None);
+    EXPECT_EQ(file->Write("1\n"), FileError::None);
+    EXPECT_EQ(folder_.Read("log"), after);
+  }
+  EXPECT_EQ(idle->Write("2\n"), FileError::None);
+  EXPECT_EQ(folder_.Read("log"), "whole\n1\n2\n");
+}
+
+TEST_F(Rewrite, TellsAWriterThatItsFileIsGoneAndThenBeginsANewOne) {
+  SystemFiles files;
+  // Deleted; deleted after a rewrite; and replaced by something that isn't a rewrite of it.
+  for (const char* way : {"D", "RD", "M"}) {
+    folder_.Write("log", "old\n");
+    const auto file = Append(), other = Append();
+    EXPECT_EQ(file->Write("1\n"), FileError::None);
+    FileError error = FileError::None;
+    for (const char* step = way; *step != '\0' && error == FileError::None; ++step) {
+      if (*step == 'R') error = Run("log", Same);
+      if (*step == 'D') error = files.Delete(folder_.Path("log"));
+      if (*step == 'M') std::filesystem::rename(folder_.Write("other", "cut"), folder_.Path("log"));
+    }
+    ASSERT_EQ(error, FileError::None) << way;
+    const NameList before = folder_.Names();
+    EXPECT_EQ(file->Write("2\n"), FileError::NotFound) << way;
+    EXPECT_EQ(folder_.Names(), before) << way;
+    EXPECT_EQ(file->Write("3\n"), FileError::None) << way;
+    EXPECT_EQ(other->Write("4\n"), FileError::NotFound) << way;
+    EXPECT_EQ(other->Write("5\n"), FileError::None) << way;
+    EXPECT_EQ(folder_.Read("log"), *way == 'M' ? "cut\r\n3\n5\n" : "3\n5\n") << way;
+  }
+}
+
+// Writers append numbered lines while one rewriter leaves the log as it is and another takes
+// everything out of it, which keeps it short; what it took and what is left is all there was.
+TEST_F(Rewrite, LosesAndDoublesNothingOfManyWritersAndKeepsTheOrderOfEach) {
+  constexpr int writers = 4, rewrites = 100;
+  std::string taken;
+  const FileEdit edits[] = {Same, [&](std::string_view bytes) {
+                              taken += bytes;
+                              return std::string();
+                            }};
+  std::atomic<int> running = 2;
+  std::vector<std::thread> threads;
+  std::vector<int> counts(writers, 0), seen(writers, 0);
+  for (int writer = 0; writer < writers; ++writer) {
+    threads.emplace_back([&, writer] {
+      const auto file = Append();
+      for (int& n = counts[writer]; running > 0; ++n) {
+        const std::string line = std::to_string(writer) + " " + std::to_string(n) + "\n";
+        ASSERT_EQ(file->Write(line), FileError::None);
+      }
+    });
+  }
+  for (const FileEdit& edit : edits) {
+    threads.emplace_back([&] {
+      for (int n = 0; n < rewrites; ++n) EXPECT_EQ(Run("log", edit), FileError::None);
+      --running;
+    });
+  }
+  for (std::thread& thread : threads) thread.join();
+  std::istringstream lines(taken + folder_.Read("log"));
+  int writer = 0, number = 0, faults = 0;
+  while (lines >> writer >> number) faults += number != seen.at(writer)++;
+  EXPECT_EQ(faults, 0);
+  EXPECT_TRUE(lines.eof());
+  EXPECT_EQ(seen, counts);
+  EXPECT_EQ(folder_.Names(), NameList{"log"});
+}
+
+}  // namespace
+}  // namespace tallowbrook
