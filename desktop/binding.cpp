@@ -12,6 +12,7 @@
 #include <QRadioButton>
 #include <QSignalBlocker>
 #include <QWheelEvent>
+#include <algorithm>
 #include <limits>
 
 #include "base/guards.h"
@@ -236,6 +237,13 @@ TextWithItemsBinding::TextWithItemsBinding(TextWithItems& text, QComboBox& box)
     if (std::string bytes = ToBytes(typed); bytes != text_.Value()) text_.Set(bytes);
     Refresh();
   });
+  // The text has changed by now, and its rule may have filled the list with other items.
+  connect(&box, &QComboBox::activated, this, [this](int index) {
+    const auto item = static_cast<std::size_t>(index);
+    const std::vector<std::string>& items = text_.Items();
+    if (item < items.size() && items[item] == text_.Value()) text_.SelectItem(item);
+    Refresh();
+  });
 }
 
 void TextWithItemsBinding::TakeFocus() {
@@ -245,13 +253,18 @@ void TextWithItemsBinding::TakeFocus() {
 
 void TextWithItemsBinding::ShowValue() {
   QLineEdit& edit = *box_.lineEdit();
-  if (!SameItems(box_, ToTexts(text_.Items()))) {
-    // Filling the list must not write into the text that is being typed.
+  const bool sameItems = SameItems(box_, ToTexts(text_.Items()));
+  // The keys step from the item that reads as the text.
+  const auto item = std::ranges::find(text_.Items(), text_.Value());
+  const int index =
+      item == text_.Items().end() ? -1 : static_cast<int>(item - text_.Items().begin());
+  if (!sameItems || index != box_.currentIndex()) {
+    // Neither filling the list nor choosing from it must write into the text that is being typed.
     const int caret = edit.cursorPosition();
     const QString typed = edit.text();
     const QSignalBlocker silent(box_);
-    ShowItems(box_, text_.Items());
-    box_.setCurrentIndex(-1);
+    if (!sameItems) ShowItems(box_, text_.Items());
+    box_.setCurrentIndex(index);
     edit.setText(typed);
     edit.setCursorPosition(caret);
   }

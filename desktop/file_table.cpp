@@ -101,8 +101,8 @@ void FileTable::keyPressEvent(QKeyEvent* event) {
 
 void FileTable::mousePressEvent(QMouseEvent* event) {
   RowTable::mousePressEvent(event);
-  // Before the button is let go: a check box under it acts on the row that was chosen last.
-  model_.List().SelectItem(RowAt(event->position().toPoint()));
+  const QPoint point = event->position().toPoint();
+  if (!IsOnCheckBox(point)) model_.List().SelectItem(RowAt(point));
 }
 
 void FileTable::mouseReleaseEvent(QMouseEvent* event) {
@@ -189,9 +189,11 @@ void FileTable::Mark(const QItemSelection& ranges, bool selected) {
   }
 }
 
-// A sort moves the rows with their highlights; the view has forgotten its own by then.
+// A sort moves the rows with their highlights; the view has forgotten its own by then. It can't
+// paint with a great many stretches of highlighted rows, so that those are given up.
 void FileTable::RestoreHighlights() {
-  const FileList& list = model_.List();
+  constexpr qsizetype mostStretches = 2000;
+  FileList& list = model_.List();
   QItemSelection highlighted;
   const int rows = model_.rowCount();
   const int lastSection = model_.columnCount() - 1;
@@ -200,8 +202,15 @@ void FileTable::RestoreHighlights() {
     const int first = row;
     while (row + 1 < rows && list.Row(static_cast<std::size_t>(row) + 2).Selected) ++row;
     highlighted.append({model_.index(first, 0), model_.index(row, lastSection)});
+    if (highlighted.size() <= mostStretches) continue;
+    for (std::size_t i = 1; i <= list.Count(); ++i) list.Row(i).Selected = false;
+    highlighted.clear();
   }
   selectionModel()->select(highlighted, QItemSelectionModel::ClearAndSelect);
+  const auto chosen = static_cast<int>(list.SelectedItem());
+  if (chosen > 0 && chosen <= rows) {
+    selectionModel()->setCurrentIndex(model_.index(chosen - 1, 0), QItemSelectionModel::NoUpdate);
+  }
 }
 
 }  // namespace tallowbrook

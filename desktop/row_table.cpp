@@ -3,6 +3,7 @@
 #include <QHeaderView>
 #include <QMouseEvent>
 #include <algorithm>
+#include <utility>
 
 namespace tallowbrook {
 
@@ -71,13 +72,20 @@ void RowTable::keyPressEvent(QKeyEvent* event) {
 
 void RowTable::mousePressEvent(QMouseEvent* event) {
   Rows().Sync();
-  pressedRow_ = RowAt(event->position().toPoint());
-  QTableView::mousePressEvent(event);
+  const QPoint point = event->position().toPoint();
+  pressedRow_ = RowAt(point);
+  pressedBox_ = event->button() == Qt::LeftButton && IsOnCheckBox(point);
+  if (!pressedBox_) QTableView::mousePressEvent(event);
 }
 
 void RowTable::mouseReleaseEvent(QMouseEvent* event) {
   Rows().Sync();
-  QTableView::mouseReleaseEvent(event);
+  const QPoint point = event->position().toPoint();
+  if (!std::exchange(pressedBox_, false)) return QTableView::mouseReleaseEvent(event);
+  if (RowAt(point) != pressedRow_ || !IsOnCheckBox(point)) return;
+  const QModelIndex box = indexAt(point);
+  const bool isChecked = box.data(Qt::CheckStateRole).toInt() == Qt::Checked;
+  model()->setData(box, isChecked ? Qt::Unchecked : Qt::Checked, Qt::CheckStateRole);
 }
 
 void RowTable::mouseDoubleClickEvent(QMouseEvent* event) {
@@ -86,8 +94,10 @@ void RowTable::mouseDoubleClickEvent(QMouseEvent* event) {
   // Two quick clicks on two rows are none.
   const std::size_t row = RowAt(point) == pressedRow_ ? pressedRow_ : 0;
   const bool isLeft = event->button() == Qt::LeftButton;
+  pressedBox_ = isLeft && IsOnCheckBox(point);
+  if (pressedBox_) return;
   QTableView::mouseDoubleClickEvent(event);
-  if (row && isLeft && !IsOnCheckBox(point)) RowDoubleClicked(row);
+  if (row && isLeft) RowDoubleClicked(row);
 }
 
 bool RowTable::edit(const QModelIndex& index, EditTrigger trigger, QEvent* event) {
@@ -97,6 +107,11 @@ bool RowTable::edit(const QModelIndex& index, EditTrigger trigger, QEvent* event
 
 std::size_t RowTable::RowAt(QPoint point) const {
   return static_cast<std::size_t>(indexAt(point).row() + 1);
+}
+
+// A drag that began on a box highlights nothing.
+void RowTable::mouseMoveEvent(QMouseEvent* event) {
+  if (!pressedBox_) QTableView::mouseMoveEvent(event);
 }
 
 bool RowTable::IsOnCheckBox(QPoint point) const {

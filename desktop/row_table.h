@@ -30,7 +30,9 @@ class RowTable : public QTableView {
   // Input acts on rows that are there: each of these tells the view of all changes first.
   void keyPressEvent(QKeyEvent* event) override;
   void mousePressEvent(QMouseEvent* event) override;
+  // A click on a check box turns it and leaves the highlights alone.
   void mouseReleaseEvent(QMouseEvent* event) override;
+  void mouseMoveEvent(QMouseEvent* event) override;
   void mouseDoubleClickEvent(QMouseEvent* event) override;
   // A key never acts on a single check box.
   bool edit(const QModelIndex& index, EditTrigger trigger, QEvent* event) override;
@@ -39,6 +41,7 @@ class RowTable : public QTableView {
   virtual void RowDoubleClicked(std::size_t) {}
 
   RowModel& Rows() const { return *static_cast<RowModel*>(model()); }
+  bool IsOnCheckBox(QPoint point) const;
   // From 1, 0 for none.
   std::size_t RowAt(QPoint point) const;
   // Of those that the view knows, ascending.
@@ -49,9 +52,9 @@ class RowTable : public QTableView {
 
  private:
   void SetUpLook();
-  bool IsOnCheckBox(QPoint point) const;
 
   std::size_t pressedRow_ = 0;
+  bool pressedBox_ = false;
 };
 
 }  // namespace tallowbrook

@@ -23,7 +23,9 @@ bool WindowKeys::eventFilter(QObject* watched, QEvent* event) {
     return toAddress;
   }
   if (key->key() == Qt::Key_Escape) form_.EscapeKey();
-  if (key->key() == Qt::Key_Delete) form_.DeleteKey();
+  // A key that nobody takes comes by once for each widget around the one that has the focus.
+  const bool isFirst = widget == QApplication::focusWidget();
+  if (key->key() == Qt::Key_Delete && isFirst) form_.DeleteKey();
   if (toAddress) form_.AddressShortcut();
   return toAddress;
 }

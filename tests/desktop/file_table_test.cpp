@@ -114,19 +114,37 @@ TEST_F(FileTableTest, OutcomesHaveTheirColours) {
   }
 }
 
-TEST_F(FileTableTest, AClickOnABoxTogglesItsRowAloneAndTakesItsHighlightOff) {
+// The row that was chosen last loses its highlight; all others stay.
+TEST_F(FileTableTest, AClickOnABoxTogglesItsRowAloneAndTakesOneHighlightOff) {
   Add({"a", "b", "c", "d"});
   Show();
   for (const bool checked : {true, false, true}) {
+    Click(BoxPoint(0) + QPoint(60, 0));
     table.selectAll();
     Click(BoxPoint(1));
     EXPECT_EQ(Marked(&FileEntry::Checked), checked ? Numbers{2} : Numbers{});
-    EXPECT_FALSE(list.Row(2).Selected);
-    EXPECT_FALSE(table.selectionModel()->isRowSelected(1));
+    EXPECT_EQ(Marked(&FileEntry::Selected), (Numbers{2, 3, 4}));
+    EXPECT_FALSE(table.selectionModel()->isRowSelected(0));
   }
   Click(BoxPoint(1) + QPoint(60, 0));
   EXPECT_EQ(Marked(&FileEntry::Checked), Numbers{2}) << "a click beside the box";
   EXPECT_EQ(Marked(&FileEntry::Selected), Numbers{2});
+}
+
+// The view can paint with a few stretches of highlighted rows, not with thousands.
+TEST_F(FileTableTest, ASortKeepsHighlightsUnlessTheyScatterTooFar) {
+  for (int i = 0; i < 10'000; ++i) Add({"x"});
+  Show();
+  for (const auto& [last, kept] : {std::pair{99U, 100U}, {9'999U, 0U}}) {
+    for (std::size_t i = 1; i <= list.Count(); ++i)
+      list.Row(i).Selected = i % 2 && i <= 2 * last + 1;
+    for (int flips = 0; flips < 2; ++flips) {
+      list.SortByColumn(Column::BaseSize);
+      model().Sync();
+    }
+    EXPECT_EQ(Marked(&FileEntry::Selected).size(), kept);
+    EXPECT_EQ(static_cast<unsigned>(table.selectionModel()->selectedRows().size()), kept);
+  }
 }
 
 TEST_F(FileTableTest, SpaceMakesAllHighlightedRowsAlikeAndLeavesTheHighlights) {

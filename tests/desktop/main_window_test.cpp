@@ -42,6 +42,33 @@ class MainWindowTest : public testing::Test, protected TestWorld {
   MainWindow window{form, files, home.Path()};
 };
 
+// A table leaves the key to the widgets around it; the question comes once all the same.
+TEST_F(MainWindowTest, OnePressOfDeleteAsksOnce) {
+  auto& table = Get<FileTable>("ListView1");
+  table.setFocus();
+  table.selectRow(1);
+  dialogs.answers = {Answer::No};
+  QTest::keyClick(&table, Qt::Key_Delete);
+  EXPECT_EQ(dialogs.asked.size(), 1U);
+  Get<QLineEdit>("Txt_Address").setFocus();
+  QTest::keyClick(&Get<QLineEdit>("Txt_Address"), Qt::Key_Delete);
+  EXPECT_EQ(dialogs.asked.size(), 1U);
+}
+
+TEST_F(MainWindowTest, APickedYearKeepsTheDayInItsMonth) {
+  for (const auto& [name, text] : {std::pair{"Combo_Unique", "2"},
+                                   {"Combo_UniqueDateStart2", "2024"},
+                                   {"Combo_UniqueDateStart0", "1"},
+                                   {"Combo_UniqueDateStart1", "28"}}) {
+    form.screen.Find(name)->SetValueText(text);
+  }
+  auto& year = Get<QComboBox>("Combo_UniqueDateStart2");
+  year.lineEdit()->setFocus();
+  QTest::keyClick(&year, Qt::Key_Down);
+  EXPECT_EQ(form.settings.Combo_UniqueDateStart2.Value(), "2023");
+  EXPECT_EQ(form.settings.Combo_UniqueDateStart1.ItemText(), "28");
+}
+
 TEST_F(MainWindowTest, OpensOnTheHomeFolderPreviewsRenamesAndLogs) {
   const QAbstractItemModel& model = *Get<FileTable>("ListView1").model();
   EXPECT_EQ(model.rowCount(), 2);
