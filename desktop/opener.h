@@ -20,9 +20,8 @@ class WindowDesktop : public Desktop {
       : bus_(std::move(bus)), openUrl_(std::move(openUrl)) {}
 
   void Open(const std::string& path) override;
-  // Asks the file manager, as
-  // https://www.freedesktop.org/wiki/Specifications/file-manager-interface says. Without an answer
-  // in time the folder is opened instead.
+  // Asks the file manager (org.freedesktop.FileManager1 on the session bus, method ShowItems).
+  // Without an answer in time the folder is opened instead.
   void ShowInFolder(const std::string& folder, const std::string& path) override;
 
  private:

@@ -2,11 +2,11 @@
 // disk half way through a line: the next line always begins on its own. When the file is replaced
 // by a rewritten one, the lines go on there (file_handover.h).
 #include <fcntl.h>
+#include <sys/file.h>
 #include <sys/stat.h>
 
 #include <algorithm>
 #include <cerrno>
-#include <vector>
 
 #include "platform/file_bytes.h"
 #include "platform/file_descriptor.h"
@@ -41,9 +41,10 @@ FileDescriptor OpenAppending(const std::string& path, int flags) {
 // An open file, and what was so when it was last known to stand at its path.
 struct Tail {
   FileDescriptor file;
-  off_t openedAt;               // the size then: marks of its replacement stand behind
+  off_t openedAt;               // the size then: the mark of its replacement stands behind
   nlink_t links;                // replacing or deleting the file takes one away
   std::string_view missingEnd;  // what the last line lacks; it goes out with the next write
+  bool isWaitedFor = true;      // until that was in vain: its replacement, where announced
 };
 
 class SystemAppendFile : public AppendFile {
@@ -59,12 +60,12 @@ class SystemAppendFile : public AppendFile {
  private:
   FileError WriteFully(std::string_view bytes);
   bool IsInPlace();
-  FileError Follow(const Tail& old);
+  FileError Follow(const Tail& old, std::string_view bytes);
 
   std::string path_;
   std::string wholeEnds_;
   std::optional<Tail> tail_;
-  bool isAlone_ = false;  // and stays so where the file was replaced
+  std::optional<FileDescriptor> guard_;  // the folder, locked, of one who is alone
 };
 
 // Waits for a rewrite that is under way: what it hands over stands before what comes through here.
@@ -82,21 +83,17 @@ FileError SystemAppendFile::Open(int flags) {
     UnlockFile(file.Number());
     const nlink_t links = std::max<nlink_t>(facts.st_nlink, 1);
     tail_.emplace(Tail{std::move(file), facts.st_size, links, missingEnd});
-    if (isAlone_) isAlone_ = IsAlone();
     return FileError::None;
   }
 }
 
-// A file that isn't in place any more stays locked until what stood in it has arrived in one that
-// is: else another writer of it could overtake its own earlier lines.
 FileError SystemAppendFile::Write(std::string_view bytes) {
   FileError error = tail_ ? FileError::None : Open(O_CREAT);
   if (error == FileError::None) error = WriteFully(bytes);
-  std::vector<Tail> left;
   while (error == FileError::None && !IsInPlace()) {
-    left.push_back(std::move(*tail_));
+    const Tail old(std::move(*tail_));
     tail_.reset();
-    error = Follow(left.back());
+    error = Follow(old, bytes);
   }
   return error;
 }
@@ -114,17 +111,15 @@ FileError SystemAppendFile::WriteFully(std::string_view bytes) {
   return FromErrno(error);
 }
 
-// A lock of the first byte (F_OFD_SETLK of fcntl(2)): it goes with the open file, and those that
-// guard a rewrite are of another kind.
+// Told by a lock of the folder: one of the file would stay behind where the file is replaced or
+// deleted, and whoever opens the new one first would find nobody there.
 bool SystemAppendFile::IsAlone() {
-  if (!tail_) return true;
-  struct flock first {};
-  first.l_type = F_WRLCK;
-  first.l_whence = SEEK_SET;
-  first.l_len = 1;
-  isAlone_ =
-      fcntl(tail_->file.Number(), F_OFD_SETLK, &first) == 0 || (errno != EAGAIN && errno != EACCES);
-  return isAlone_;
+  if (guard_) return true;
+  const std::string folder = path_.substr(0, path_.rfind('/') + 1);
+  FileDescriptor opened(open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+  if (flock(opened.Number(), LOCK_EX | LOCK_NB) != 0 && errno == EWOULDBLOCK) return false;
+  guard_.emplace(std::move(opened));
+  return true;
 }
 
 // The number of links tells of a replacement without a look at the path, also for a file that has
@@ -135,6 +130,10 @@ bool SystemAppendFile::IsAlone() {
 bool SystemAppendFile::IsInPlace() {
   struct statx now;
   const int file = tail_->file.Number();
+  if (tail_->isWaitedFor && IsReplacementAnnounced(file)) {
+    tail_->isWaitedFor = LockFile(file);
+    UnlockFile(file);
+  }
   if (statx(file, "", AT_EMPTY_PATH, STATX_NLINK, &now) != 0) return true;
   if (now.stx_nlink == tail_->links) return true;
   tail_->links = std::max(tail_->links, nlink_t{now.stx_nlink});
@@ -142,21 +141,18 @@ bool SystemAppendFile::IsInPlace() {
   return fstat(file, &facts) != 0 || LeadsTo(path_, facts);
 }
 
-// Goes on in the file at the path, with what nobody has carried over from the old one. That may be
-// lines of other writers too, which wait for the lock to see what became of them.
-FileError SystemAppendFile::Follow(const Tail& old) {
+// Goes on in the file at the path. `bytes` are what this writer wrote last to the old one; they are
+// written again unless they have been carried over.
+FileError SystemAppendFile::Follow(const Tail& old, std::string_view bytes) {
   const int from = old.file.Number();
+  // Appending leaves the descriptor behind what it wrote, whatever others append since.
+  const off_t end = lseek(from, 0, SEEK_CUR);
   LockFile(from);
-  const std::optional<off_t> start = PlaceBehindMark(from, old.openedAt);
-  if (!start) return FileError::NotFound;
-  FileError error = Open(0);
-  if (error == FileError::None) {
-    const auto rest = ReadRange(from, *start, AppendMark(from, Mark::Carried));
-    if (!rest) error = FileError::Io;
-    if (rest && !rest->empty()) error = WriteFully(*rest);
-  }
-  if (error != FileError::None) AppendMark(from, Mark::Dropped);
-  return error;
+  const std::optional<off_t> carried = CarriedUpTo(from, old.openedAt);
+  if (!carried) return FileError::NotFound;
+  const FileError error = Open(0);
+  if (error != FileError::None) MarkDropped(from);
+  return error == FileError::None && end > *carried ? WriteFully(bytes) : error;
 }
 
 }  // namespace

@@ -1,17 +1,20 @@
 // How a file that is appended to can be replaced without losing what is appended meanwhile.
 //
-// A writer locks nothing to write: it appends, and one statx afterwards tells whether its file
-// still stands at the path. Whoever replaces the file holds the old one's lock (flock(2)) from
-// before it reads until all is handed over: with the new file in place it appends a mark to the old
-// one and copies what came between its last reading and the mark. The new file is locked as long,
-// and whoever opens it waits, so that nobody's lines come before earlier ones of the same writer.
+// A writer locks nothing to write: it appends, and asks afterwards whether a replacement is
+// announced and whether its file still stands at the path. Whoever replaces the file holds the old
+// one's lock (flock(2)) from before it reads until all is handed over. It announces the replacement
+// before its last reading ahead of it: no writer then takes a text for written that came behind
+// that reading, until it is known what became of it. With the new file in place it copies what
+// came since and appends a mark to the old one that says how far it got. The new file is locked as
+// long, and whoever opens it waits, so that nobody's lines come before earlier ones of the same
+// writer. The announcement ends with its process, whatever ended that.
 //
-// A writer that finds itself in an old file waits for its lock. What stands behind the last mark
-// then is in no new file yet: the writer appends a mark of its own, so that nobody else takes the
-// same bytes, copies what stands before it to the file now at the path, and goes on there. An old
-// file without a mark was deleted; nothing of it is handed over. Where handing over fails, a mark
-// of another kind says so to its other writers. Whoever holds a lock waits only for those of newer
-// files.
+// A writer that finds itself in an old file waits for its lock. What it wrote there behind the
+// place that the mark names is in no new file: it writes that, its own text alone, to the file now
+// at the path, and goes on there. An old file without a mark was deleted, or whoever replaced it
+// was killed: the writer hears that its text isn't written. Where it finds no file at the path, a
+// mark of another kind says so to the other writers. Whoever holds a lock waits only for those of
+// newer files.
 #pragma once
 
 #include <sys/stat.h>
@@ -30,15 +33,18 @@ void UnlockFile(int file);
 // Whether the path, links followed, leads to the file of these facts.
 bool LeadsTo(const std::string& path, const struct stat& facts);
 
-// What came since the mark before is in a new file, or is in none: then each who still waits to
-// hear of what it wrote there finds that out.
-enum class Mark { Carried, Dropped };
+// The announcement ends with the descriptor. Passed over where the file system has no locks.
+void AnnounceReplacement(int file);
+// By another descriptor than this one.
+bool IsReplacementAnnounced(int file);
 
-// Where the mark begins, also if the disk had no room for all of it.
-off_t AppendMark(int file, Mark mark);
+// What stands before the place is in a new file.
+void MarkCarried(int file, off_t upTo);
+// Nothing of the file is in one.
+void MarkDropped(int file);
 
-// The place behind the last mark at or after `from`. Nothing if there is none, if it says Dropped,
-// or if the file can't be read.
-std::optional<off_t> PlaceBehindMark(int file, off_t from);
+// The place that the last mark at or after `from` names. Nothing if there is none, if it says
+// Dropped, or if the file can't be read.
+std::optional<off_t> CarriedUpTo(int file, off_t from);
 
 }  // namespace tallowbrook

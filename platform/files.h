@@ -45,17 +45,18 @@ class FolderListing {
   virtual std::optional<FileFacts> Facts(std::size_t index) const = 0;
 };
 
-// A file that is only ever appended to, each Write one system call on the way to the end and one
-// that asks whether this is still the file at the path.
+// A file that is only ever appended to, each Write one write(2), and two quick questions whether
+// the file is being replaced or was.
 class AppendFile {
  public:
   virtual ~AppendFile() = default;
   // Where the file has been rewritten meanwhile, in whatever process, the bytes go into the new
-  // one. Where it is gone, or something else stands in its place: NotFound, nothing is written, and
-  // the next Write opens or begins the file at the path.
+  // one. Where it is gone, something else stands in its place, or whoever rewrote it was killed
+  // over it: NotFound, nothing is known to be written, and the next Write opens or begins the file
+  // at the path.
   virtual FileError Write(std::string_view bytes) = 0;
-  // Whether nobody else, in this program or another, has the file open and was told so before. True
-  // where that can't be known.
+  // Whether nobody else, in this program or another, who appends to a file of this folder was told
+  // so before. True where that can't be known.
   virtual bool IsAlone() = 0;
 };
 

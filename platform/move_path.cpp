@@ -42,9 +42,9 @@ int DeleteUnchanged(const std::string& path, const struct stat& before) {
   return unlink(path.c_str()) == 0 ? 0 : errno;
 }
 
-// The copy is on the medium before its source goes. Where the source is refused to go, the copy
-// goes instead; where nobody can tell what became of the source, both stay: the copy may be the
-// last one.
+// The copy is on the medium before its source goes. Where the source is refused to go and still
+// stands there, the copy goes instead; where nobody can tell what became of the source, both stay:
+// the copy may be the last one.
 FileError CopyAndDelete(const std::string& path, const std::string& newPath) {
   // A device put here this moment would hold up a blocking open.
   const FileDescriptor from(open(path.c_str(), O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC));
@@ -55,10 +55,11 @@ FileError CopyAndDelete(const std::string& path, const std::string& newPath) {
   if (error != FileError::None) return error;
   const bool knowsCopy = FactsOfEntry(newPath, copy) == 0;
   FlushFolderOf(newPath);
-  const int found = FactsOfEntry(path, now);
-  if (found != 0) return found == ENOENT ? FileError::None : FromErrno(found);
   const int refused = DeleteUnchanged(path, source);
-  if (refused != 0 && knowsCopy) DeleteUnchanged(newPath, copy);
+  if (refused == 0) return FileError::None;
+  const int found = FactsOfEntry(path, now);
+  if (found == ENOENT) return FileError::None;
+  if (found == 0 && knowsCopy) DeleteUnchanged(newPath, copy);
   return FromErrno(refused);
 }
 

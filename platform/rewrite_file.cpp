@@ -78,10 +78,10 @@ int CatchUp(int old, off_t& from, off_t end, int fresh) {
 }
 
 // The new file stands in place by now, so that nothing here is a failure of the rewrite: what can't
-// be carried over, its writers are told of.
+// be carried over, its writers find behind the mark.
 void HandOver(int old, off_t from, int fresh) {
-  const off_t mark = AppendMark(old, Mark::Carried);
-  if (CatchUp(old, from, mark, fresh) != 0) AppendMark(old, Mark::Dropped);
+  CatchUp(old, from, lseek(old, 0, SEEK_END), fresh);
+  MarkCarried(old, from);
 }
 
 // 0 or errno; ESTALE if somebody else replaced or deleted the file meanwhile.
@@ -95,8 +95,10 @@ int Replace(const LockedFile& old, const FileEdit& edit) {
   LockFile(fresh.Number());
   off_t carried = static_cast<off_t>(bytes.size());
   int error = WriteFresh(old, text, fresh.Number());
-  // Most of what came meanwhile comes along here, for the last step to be as short as can be.
+  // All that its writers take for written comes along here, also if we are killed behind the
+  // rename.
   if (error == 0) {
+    AnnounceReplacement(old.file.Number());
     const off_t end = lseek(old.file.Number(), 0, SEEK_END);
     error = CatchUp(old.file.Number(), carried, end, fresh.Number());
   }

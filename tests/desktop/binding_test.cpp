@@ -8,6 +8,7 @@
 #include <QtWidgets>
 
 #include "desktop/binder.h"
+#include "desktop/spin_arrows.h"
 
 namespace tallowbrook {
 
@@ -27,6 +28,20 @@ class BindingTest : public testing::Test {
   QWidget window;
   Binder binder{screen};
   int rules = 0;
+};
+
+// Both kinds of field that are typed into, as a user would.
+class TypedFieldTest : public BindingTest {
+ protected:
+  TypedFieldTest() {
+    binder.AddCaption(text, binder.Add(text, &window));
+    binder.Add(list, &window);
+    list.SetItems({"item"});
+    Show();
+  }
+  Text text{screen, {.name = "Text"}, "abc"};
+  FreeList list{screen, {.name = "List"}, "abc"};
+  Text* const fields[2] = {&text, &list};
 };
 
 TEST_F(BindingTest, ATickFollowsBothWays) {
@@ -84,6 +99,8 @@ TEST_F(BindingTest, AListShowsItemsAndSelectionAsTheyCome) {
 TEST_F(BindingTest, AHistoryIsTypedIntoAndPickedFromUnlessItIsReadOnly) {
   History history(screen, {.name = "History"}, "first");
   Count(history);
+  std::string picked;
+  history.picked = [&] { picked += history.Value(); };
   QComboBox* box = binder.Add(history, &window);
   history.SetItems({"new", "old"});
   EXPECT_EQ(box->currentText(), QStringLiteral("first")) << "items leave the text alone";
@@ -91,14 +108,16 @@ TEST_F(BindingTest, AHistoryIsTypedIntoAndPickedFromUnlessItIsReadOnly) {
   EXPECT_EQ(history.Value(), "first!");
   history.SetItems({"newer", "new", "old"});
   EXPECT_EQ(box->currentText(), QStringLiteral("first!"));
-  box->setCurrentIndex(2);
+  history.Set("new");
+  QTest::keyClick(box, Qt::Key_Down);
   history.SetReadOnly(true);
   QTest::keyClicks(box->lineEdit(), QStringLiteral("x"));
   QTest::keyClick(box, Qt::Key_Up);
   box->showPopup();
   EXPECT_EQ(history.Value(), "old");
+  EXPECT_EQ(picked, "old");
   EXPECT_FALSE(box->view()->isVisible());
-  EXPECT_EQ(rules, 2);
+  EXPECT_EQ(rules, 3);
 }
 
 TEST_F(BindingTest, ProposalsMayChangeWithEveryKey) {
@@ -155,19 +174,14 @@ TEST_F(BindingTest, LabelsShowTextFromFilesAsPlainText) {
   EXPECT_EQ(shown->text(), QStringLiteral("<img src=x> & \u21B5"));
 }
 
-// Both kinds of field, with what they have typed into them as a user would.
-TEST_F(BindingTest, TypingIsRefusedByTheModelAndPastingIsNot) {
-  Text text(screen, {.name = "Text"});
-  FreeList list(screen, {.name = "List"});
-  binder.Add(text, &window);
-  binder.Add(list, &window);
-  Show();
-  for (Text* field : std::initializer_list<Text*>{&text, &list}) {
+// The caret comes in behind the text, with nothing selected.
+TEST_F(TypedFieldTest, TypingIsRefusedByTheModelAndPastingIsNot) {
+  for (Text* field : fields) {
     field->takesKey = [](std::string_view key) { return key == "1" || key == "\xF0\x9F\x98\x80"; };
     screen.RequestFocus(*field);
     QWidget* focused = QApplication::focusWidget();
     QTest::keyClicks(focused, QStringLiteral("a1 b1,1"));
-    EXPECT_EQ(field->Value(), "111");
+    EXPECT_EQ(field->Value(), "abc111");
     QTest::keyClick(focused, Qt::Key_Backspace);
     QTest::keyClick(focused, Qt::Key_Home, Qt::ShiftModifier);
     QTest::keyClick(focused, Qt::Key_C, Qt::ControlModifier);
@@ -187,16 +201,11 @@ TEST_F(BindingTest, TypingIsRefusedByTheModelAndPastingIsNot) {
   }
 }
 
-TEST_F(BindingTest, TheModelIsToldWhenTheKeyboardLeavesButNotWhenAMenuBorrowsIt) {
-  Text text(screen, {.name = "Text"});
-  FreeList list(screen, {.name = "List"});
-  binder.Add(text, &window);
-  binder.Add(list, &window)->addItem(QStringLiteral("item"));
-  Show();
+TEST_F(TypedFieldTest, TheModelIsToldWhenTheKeyboardLeavesButNotWhenAMenuBorrowsIt) {
   QWidget other;
   QMenu menu;
   menu.addAction(QStringLiteral("item"));
-  for (Text* field : std::initializer_list<Text*>{&text, &list}) {
+  for (Text* field : fields) {
     int left = 0;
     field->focusLost = [&] { ++left; };
     screen.RequestFocus(*field);
@@ -224,31 +233,100 @@ TEST_F(BindingTest, LookFollowsAndHiddenPlacesComeBack) {
   QLineEdit* edit = binder.Add(text, panel);
   QLabel* caption = binder.AddCaption(text, edit, 'm');
   Show();
-  EXPECT_FALSE(panel->isVisible());
-  EXPECT_FALSE(edit->isWindow());
+  EXPECT_FALSE(panel->isVisible() || edit->isWindow());
   frame.SetVisible(true);
-  EXPECT_TRUE(edit->isVisible());
-  text.SetVisible(false);
-  EXPECT_FALSE(edit->isVisible() || caption->isVisible());
-  text.SetVisible(true);
-  EXPECT_TRUE(edit->isVisible());
+  for (const bool visible : {true, false, true}) {
+    text.SetVisible(visible);
+    EXPECT_TRUE(edit->isVisible() == visible && caption->isVisible() == visible);
+  }
   text.SetEnabled(false);
   EXPECT_FALSE(edit->isEnabled() || caption->isEnabled());
   text.SetReadOnly(true);
   EXPECT_TRUE(edit->isReadOnly());
 }
 
-TEST_F(BindingTest, TheModelMayAskForTheFocus) {
-  Text first(screen, {.name = "First"}, "abc");
-  Text second(screen, {.name = "Second"}, "abc");
-  QLineEdit* firstEdit = binder.Add(first, &window);
-  QLineEdit* secondEdit = binder.Add(second, &window);
-  binder.AddCaption(second, secondEdit);
-  Show();
-  firstEdit->setFocus();
-  screen.RequestFocus(second);
-  EXPECT_TRUE(secondEdit->hasFocus());
-  EXPECT_TRUE(secondEdit->cursorPosition() == 3 && !secondEdit->hasSelectedText());
+// A line with its arrows: every way to step it, and what keeps it from stepping.
+class SpinArrowsTest : public BindingTest {
+ protected:
+  SpinArrowsTest() {
+    spin.rule = [this] { text.Set(std::to_string(spin.Value())); };
+    auto* row = new QHBoxLayout(&window);
+    row->addWidget(&line);
+    row->addWidget(&other);
+    Show();
+    other.setFocus();
+  }
+  QAbstractButton& Arrow(const char* name) {
+    auto* arrows = line.findChild<QWidget*>(QStringLiteral("Spin"));
+    return *arrows->findChild<QAbstractButton*>(QLatin1String(name));
+  }
+  void Turn(int eighths) {
+    QWheelEvent wheel({3, 3}, line.mapToGlobal(QPointF(3, 3)), {}, {0, eighths}, Qt::NoButton, {},
+                      Qt::NoScrollPhase, false);
+    QCoreApplication::sendEvent(&line, &wheel);
+  }
+
+  Text text{screen, {.name = "Text"}, "50"};
+  Spin spin{screen, {.name = "Spin"}, 1, 100, 50};
+  QLineEdit& line{*binder.Add(text, spin, &window)};
+  QLineEdit& other{*new QLineEdit(&window)};
+};
+
+TEST_F(SpinArrowsTest, ArrowsStepAndPutTheFocusIntoTheLine) {
+  QTest::mouseClick(&Arrow("Up"), Qt::LeftButton);
+  EXPECT_EQ(text.Value(), "51");
+  EXPECT_TRUE(line.hasFocus());
+  QTest::mouseClick(&Arrow("Down"), Qt::LeftButton);
+  EXPECT_EQ(text.Value(), "50");
+  QTest::mousePress(&Arrow("Down"), Qt::LeftButton);
+  EXPECT_TRUE(QTest::qWaitFor([&] { return spin.Value() < 47; })) << "held";
+  QTest::mouseRelease(&Arrow("Down"), Qt::LeftButton);
+  spin.Set(100);
+  line.selectAll();
+  QTest::mouseClick(&Arrow("Up"), Qt::LeftButton);
+  EXPECT_FALSE(line.hasSelectedText()) << "also at an end, where the text stays";
+}
+
+TEST_F(SpinArrowsTest, KeysAndTheWheelStepALineThatHasTheFocus) {
+  Turn(120);
+  EXPECT_EQ(text.Value(), "50") << "the page scrolls instead";
+  line.setFocus();
+  Turn(120);
+  Turn(240);
+  EXPECT_EQ(text.Value(), "53");
+  for (int i = 0; i < 8; ++i) Turn(-15);
+  EXPECT_EQ(text.Value(), "52");
+  for (const Qt::Key key : {Qt::Key_Up, Qt::Key_Up, Qt::Key_Down}) QTest::keyClick(&line, key);
+  QTest::keyClick(&line, Qt::Key_Down, Qt::ControlModifier);
+  EXPECT_EQ(text.Value(), "53");
+}
+
+TEST_F(SpinArrowsTest, NothingStepsAGreyLineOrOneWithoutArrows) {
+  text.SetEnabled(false);
+  EXPECT_FALSE(Arrow("Up").isEnabled());
+  QTest::mouseClick(&Arrow("Up"), Qt::LeftButton);
+  text.SetEnabled(true);
+  text.SetReadOnly(true);
+  QTest::mouseClick(&Arrow("Up"), Qt::LeftButton);
+  text.SetReadOnly(false);
+  spin.SetVisible(false);
+  EXPECT_TRUE(line.isVisible() && !Arrow("Up").isVisible());
+  line.setFocus();
+  QTest::keyClick(&line, Qt::Key_Up);
+  EXPECT_EQ(text.Value(), "50");
+  spin.SetVisible(true);
+  EXPECT_TRUE(Arrow("Up").isVisible());
+}
+
+TEST_F(SpinArrowsTest, BothAreToldWhenTheKeyboardLeaves) {
+  std::string told;
+  text.focusLost = [&] { told += "text "; };
+  spin.focusLost = [&] { told += "spin "; };
+  line.setFocus();
+  QTest::mouseClick(&Arrow("Up"), Qt::LeftButton);
+  EXPECT_EQ(told, "") << "the arrows are part of the field";
+  other.setFocus();
+  EXPECT_EQ(told, "spin text ");
 }
 
 }  // namespace tallowbrook

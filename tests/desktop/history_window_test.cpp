@@ -22,9 +22,8 @@ class HistoryWindowTest : public testing::Test, protected TestWorld {
     log.SetPath(data.Path("Logfile.txt"));
     log.BeginBatch(clock.Now());
     for (const std::string& name : names) {
-      const std::string newName = "new " + name;
-      home.Write(newName);
-      log.Record({RunRecord::Kind::File, home.Path(), name, home.Path(), newName});
+      home.Write("new " + name);
+      log.Record({RunRecord::Kind::File, home.Path(), name, home.Path(), "new " + name});
     }
     log.EndBatch();
     log.Close();
@@ -36,12 +35,12 @@ class HistoryWindowTest : public testing::Test, protected TestWorld {
     Settle();
   }
   void Settle() { QTest::qWait(60); }
-  void Click(const char* button) {
-    QTest::mouseClick(window.findChild<QPushButton*>(QLatin1String(button)), Qt::LeftButton);
-    Settle();
+  QPushButton* Find(const char* button) {
+    return window.findChild<QPushButton*>(QLatin1String(button));
   }
-  bool IsEnabled(const char* button) {
-    return window.findChild<QPushButton*>(QLatin1String(button))->isEnabled();
+  void Click(const char* button) {
+    QTest::mouseClick(Find(button), Qt::LeftButton);
+    Settle();
   }
   static QString Cell(const RowTable& table, int row, int section) {
     return table.model()->index(row, section).data().toString();
@@ -81,9 +80,8 @@ TEST_F(HistoryWindowTest, ShowsTheBatchesAndKeepsTheSelectionsAlike) {
   Show();
   EXPECT_EQ(window.windowTitle(), QStringLiteral("View History"));
   EXPECT_TRUE(batches.hasFocus());
-  EXPECT_EQ(Cell(batches, 49, 0), QStringLiteral("02/29/24"));
-  EXPECT_EQ(Cell(batches, 49, 1), QStringLiteral("13:05"));
-  EXPECT_EQ(Cell(batches, 49, 2), QStringLiteral("2"));
+  const char* cells[] = {"02/29/24", "13:05", "2"};
+  for (int i = 0; i < 3; ++i) EXPECT_EQ(Cell(batches, 49, i).toStdString(), cells[i]);
   EXPECT_TRUE(batches.selectionModel()->isRowSelected(49));
   EXPECT_EQ(batches.indexAt(batches.visualRect(batches.currentIndex()).center()).row(), 49);
   QTest::keyClick(&batches, Qt::Key_Up);
@@ -92,7 +90,7 @@ TEST_F(HistoryWindowTest, ShowsTheBatchesAndKeepsTheSelectionsAlike) {
   EXPECT_EQ(history.SelectedBatch(), 48U);
   ClickRow(batches, 47, onText, Qt::ControlModifier);
   EXPECT_EQ(history.SelectedBatch(), 0U);
-  EXPECT_FALSE(IsEnabled("Cmd_Undo") || IsEnabled("Cmd_Switch"));
+  EXPECT_FALSE(Find("Cmd_Undo")->isEnabled() || Find("Cmd_Switch")->isEnabled());
 }
 
 TEST_F(HistoryWindowTest, TheDeleteKeyTakesTheHighlightedBatchesOutOfTheLog) {
@@ -114,19 +112,18 @@ TEST_F(HistoryWindowTest, TheFilesAreCheckedByClicksAndKeys) {
   Show();
   QTest::keyClick(&batches, Qt::Key_Return);
   Settle();
-  EXPECT_TRUE(filesTable.isVisible() && !batches.isVisible());
-  EXPECT_TRUE(filesTable.hasFocus());
+  EXPECT_TRUE(filesTable.hasFocus() && !batches.isVisible());
   EXPECT_TRUE(
       Cell(filesTable, 2, BatchFileModel::NewPath).endsWith(QStringLiteral("/new <i>\uFFFD")));
   ClickRow(filesTable, 0, onBox);
   EXPECT_EQ(Checks(), ".xxx");
   const QRect row = filesTable.visualRect(filesTable.model()->index(1, 0));
-  ClickRow(filesTable, 1, onText);
-  QTest::mouseDClick(filesTable.viewport(), Qt::LeftButton, {}, {onText, row.center().y()});
-  EXPECT_EQ(Checks(), "..xx");
-  ClickRow(filesTable, 1, onBox);
-  QTest::mouseDClick(filesTable.viewport(), Qt::LeftButton, {}, {onBox, row.center().y()});
-  EXPECT_EQ(Checks(), ".xxx") << "twice on the box is one toggle";
+  // Twice on the box is one toggle.
+  for (const auto& [across, checks] : {std::pair{onText, "..xx"}, {onBox, ".xxx"}}) {
+    ClickRow(filesTable, 1, across);
+    QTest::mouseDClick(filesTable.viewport(), Qt::LeftButton, {}, {across, row.center().y()});
+    EXPECT_EQ(Checks(), checks);
+  }
   QTest::keyClick(&filesTable, Qt::Key_A, Qt::ControlModifier);
   QTest::keyClick(&filesTable, Qt::Key_Space);
   EXPECT_EQ(Checks(), "xxxx");

@@ -1,4 +1,4 @@
-// Opening, against a file manager of our own at the other end of the bus.
+// Paths as addresses and back, and opening, against a file manager of our own on the bus.
 #include "desktop/opener.h"
 
 #include <gtest/gtest.h>
@@ -15,20 +15,31 @@ namespace tallowbrook {
 TEST(FileUrl, KeepsEveryByte) {
   std::string everyByte = "/";
   for (int byte = 1; byte < 256; ++byte) everyByte += static_cast<char>(byte);
-  const std::pair<std::string, const char*> rows[] = {
+  EXPECT_EQ(DroppedPaths(FileUrl(everyByte).toEncoded().toStdString()), std::vector{everyByte});
+  const std::pair<std::string, std::string> rows[] = {
       {"/a b/%20.txt", "file:///a%20b/%2520.txt"},
       {"/caf\xC3\xA9", "file:///caf%C3%A9"},
       {"/latin\xE9\xFF", "file:///latin%E9%FF"},
       {"/x?y#z;&=+:@", "file:///x%3Fy%23z%3B%26%3D%2B%3A%40"},
-      {"//two/../up", "file:////two/../up"},
-      {everyByte, nullptr}};
+      {"//two/../up", "file:////two/../up"}};
   for (const auto& [path, url] : rows) {
-    const QByteArray encoded = FileUrl(path).toEncoded();
-    if (url) {
-      EXPECT_EQ(encoded.toStdString(), url);
-    }
-    EXPECT_EQ(DroppedPaths(encoded.toStdString()), std::vector{path});
+    EXPECT_EQ(FileUrl(path).toEncoded().toStdString(), url);
+    EXPECT_EQ(DroppedPaths(url), std::vector{path});
   }
+}
+
+TEST(DroppedPaths, AreLocalPathsOfAnyBytes) {
+  // clang-format off
+  const std::pair<const char*, std::vector<std::string>> rows[] = {
+      {"", {}}, {"file:///a\r\nfile:///b", {"/a", "/b"}}, {"file:///a\nfile:///b\n", {"/a", "/b"}},
+      {"file://localhost/a", {"/a"}}, {"FILE:/a", {"/a"}}, {"# file:///comment\r\nfile:///a", {"/a"}},
+      {"file:///caf%C3%A9%20%25", {"/caf\xC3\xA9 %"}}, {"file:///latin%e9%FF", {"/latin\xE9\xFF"}},
+      {"file:///line%0Aend", {"/line\nend"}}, {"file:///hash#1?x", {"/hash#1?x"}},
+      {"file:///100%", {"/100%"}}, {"file:///%4", {"/%4"}}, {"file:///%zz", {"/%zz"}},
+      {"file:///nul%00byte", {}},
+      {"http://host/a\r\nfile://server/share/a\r\nnonsense\r\nfile:", {}}};
+  // clang-format on
+  for (const auto& [list, paths] : rows) EXPECT_EQ(DroppedPaths(list), paths) << list;
 }
 
 // Notes what it is asked to show, and answers or refuses.
@@ -46,15 +57,9 @@ class FileManager : public QDBusVirtualObject {
   bool refuses = false;
 };
 
-class OpenerTest : public testing::Test {
- protected:
+TEST(Opener, TheFileManagerIsAskedFirstAndTheFolderIsOpenedIfItRefusesOrIsntThere) {
   std::vector<std::string> opened;
-  std::function<void(const QUrl&)> open = [this](const QUrl& url) {
-    opened.push_back(url.toEncoded().toStdString());
-  };
-};
-
-TEST_F(OpenerTest, TheFileManagerIsAskedFirstAndTheFolderIsOpenedIfItRefuses) {
+  const auto open = [&](const QUrl& url) { opened.push_back(url.toEncoded().toStdString()); };
   FileManager manager;
   QDBusServer server(QStringLiteral("unix:tmpdir=/tmp"));
   QList<QDBusConnection> clients;
@@ -73,12 +78,9 @@ TEST_F(OpenerTest, TheFileManagerIsAskedFirstAndTheFolderIsOpenedIfItRefuses) {
   EXPECT_TRUE(QTest::qWaitFor([&] { return !opened.empty(); }));
   EXPECT_EQ(opened, std::vector<std::string>{"file:///a%FF/"});
   QDBusConnection::disconnectFromPeer(name);
-}
-
-TEST_F(OpenerTest, WithoutABusTheFolderIsOpened) {
-  WindowDesktop desktop([] { return QDBusConnection(QStringLiteral("none")); }, open);
-  desktop.ShowInFolder("/a/", "/a/b");
-  EXPECT_EQ(opened, std::vector<std::string>{"file:///a/"});
+  WindowDesktop alone([] { return QDBusConnection(QStringLiteral("none")); }, open);
+  alone.ShowInFolder("/a/", "/a/b");
+  EXPECT_EQ(opened.back(), "file:///a/");
 }
 
 }  // namespace tallowbrook

@@ -12,15 +12,6 @@ class PreviewTest : public EngineTest {
   std::string Sample() { return pages.Label_SampleFileName.Caption(); }
 };
 
-TEST_F(PreviewTest, FillsTheColumnAndLeavesTheDiskAlone) {
-  List({"a.txt", "b.txt", "c.txt"});
-  list.SetChecked(1, false);
-  EXPECT_EQ(Previewed(), (Lines{"(Not Selected)", "b-0001.txt", "c-0002.txt"}));
-  EXPECT_EQ(list.Row(1).colour, RowColour::Skipped);
-  EXPECT_EQ(status.Pane(0), "Finished building preview");
-  EXPECT_EQ(folder.Names(), (Lines{"a.txt", "b.txt", "c.txt"}));
-}
-
 TEST_F(PreviewTest, LetsEventsThroughEveryTenRows) {
   Fill(25);
   Scan();
@@ -38,29 +29,30 @@ TEST_F(PreviewTest, LetsEventsThroughEveryTenRows) {
 TEST_F(PreviewTest, AnEmptyTagMaskIsAskedFor) {
   List({"a.mp3"});
   Set("TabIndex", "4");
-  Control* focused = nullptr;
-  screen.focusRequested = [&](Control& control) { focused = &control; };
+  std::string focused;
+  screen.focusRequested = [&](Control& control) { focused = control.Name(); };
   list.Row(1).newName = "before";
   dialogs.answers = {Answer::Ok};
-  pages.TagMaskKeyReleased(false);
-  pages.TagMaskKeyReleased(true);
+  for (const bool isEnter : {false, true}) pages.TagMaskKeyReleased(isEnter);
   EXPECT_EQ(dialogs.asked.back().title + ": " + dialogs.asked.back().text,
             "Nothing to rename: You haven't entered a new filename mask\r\n\r\n"
             "example: <v1artist> - <v1title> - <v1album>");
-  EXPECT_EQ(focused, &settings.RTxt_ID3Name);
-  EXPECT_EQ(NewNames(), Lines{"before"});
+  EXPECT_EQ(focused + " " + NewNames()[0], "RTxt_ID3Name before");
 }
 
-// A refused row counts like any other.
-TEST_F(PreviewTest, RefusalsShowTheirReasonAlone) {
-  List({"x.ext", "y.ext"});
+// A refused row counts and shows its reason alone; a row without a check mark doesn't count.
+TEST_F(PreviewTest, FillsTheColumnAndLeavesTheDiskAlone) {
+  List({"w.ext", "x.ext", "y.ext"});
+  list.SetChecked(1, false);
   Set("Check_Prefix=1|Text_Prefix=<0>");
   EXPECT_EQ(Sample(), "<0>filename-0001.abc");
-  EXPECT_EQ(Previewed(), (Lines{"x-0001.ext", "y-0002.ext"}));
-  EXPECT_EQ(list.Row(1).colour, RowColour::Refused);
+  EXPECT_EQ(Previewed(), (Lines{"(Not Selected)", "x-0001.ext", "y-0002.ext"}));
+  EXPECT_EQ(list.Row(1).colour, RowColour::Skipped);
+  EXPECT_EQ(list.Row(2).colour, RowColour::Refused);
   Set("Text_Prefix", "a<0>");
-  EXPECT_EQ(Previewed()[0], "a<0>x-0001.ext");
-  EXPECT_EQ(list.Row(1).colour, RowColour::Plain);
+  EXPECT_EQ(Previewed()[1], "a<0>x-0001.ext");
+  EXPECT_EQ(list.Row(2).colour, RowColour::Plain);
+  EXPECT_EQ(folder.Names(), (Lines{"w.ext", "x.ext", "y.ext"}));
 }
 
 // In the thumbnail view a row's own text is its new name, if it has one; a refused row keeps its
@@ -83,7 +75,8 @@ TEST_F(PreviewTest, RowTextsFollowInTheThumbnailView) {
   EXPECT_EQ(texts(), (Lines{"a-0001 (success)", "", "(could not rename)"}));
 }
 
-// Some fields refresh the sample, some don't: those follow with the next change of another one.
+// Some fields refresh the sample, some don't: those follow with the next change of another one. It
+// goes by the active page, and enters what it used into the histories.
 TEST_F(PreviewTest, TheSampleFollowsTheFieldsThatRefreshIt) {
   EXPECT_EQ(Sample(), "filename-0001.abc");
   // clang-format off
@@ -104,9 +97,6 @@ TEST_F(PreviewTest, TheSampleFollowsTheFieldsThatRefreshIt) {
       EXPECT_EQ(Sample() == "stale", fields == silent) << field;
     }
   }
-}
-
-TEST_F(PreviewTest, TheSampleGoesByTheActivePage) {
   Set("TabIndex=2|Combo_Find=file|Combo_Replace=x|Text_Prefix=p");
   EXPECT_EQ(Sample(), "xname.abc");
   EXPECT_EQ(settings.Combo_Find.Items(), Lines{"file"});
@@ -236,13 +226,11 @@ TEST_F(PreviewTest, PagesShowTheirPanels) {
   Set("Option_ChangeFileDate", "True");
   EXPECT_EQ(settings.AdvancedType.Value(), 1);
   EXPECT_TRUE(pages.Frame_AdvancedDate.Visible() && !pages.Frame_Advanced.Visible());
-  const auto transfer = [this] {
-    return std::to_string(settings.TransferMethod.Value()) + pages.Lbl_MoveTo.Caption();
-  };
-  Set("Option_Move", "True");
-  EXPECT_EQ(transfer(), "1Move To:");
-  Set("Option_Copy", "True");
-  EXPECT_EQ(transfer(), "0Copy To:");
+  for (const auto& [option, shown] :
+       Pairs{{"Option_Move", "1Move To:"}, {"Option_Copy", "0Copy To:"}}) {
+    Set(option, "True");
+    EXPECT_EQ(settings.TransferMethod.ValueText() + pages.Lbl_MoveTo.Caption(), shown);
+  }
 }
 
 }  // namespace

@@ -99,39 +99,27 @@ TEST_F(ScanTest, TheFilterChoosesFilesButNotFolders) {
   EXPECT_EQ(list.Cell(1, Column::Size) + list.Cell(1, Column::BaseDate), "");
 }
 
-TEST_F(ScanTest, AFileThatVanishesStaysAsARow) {
-  Fill(11);
-  // The last row's file goes while events are let through at the tenth.
-  AtYield(1, [this] { disk.Delete(folder.Path("f110")); });
-  Scan();
-  ASSERT_EQ(list.Count(), 11U);
-  EXPECT_EQ(Names().back(), "f110");
-  for (const Column c : {Column::Size, Column::Date, Column::BaseSize})
-    EXPECT_EQ(list.Cell(11, c), "");
-}
-
-// An empty path leaves the list hidden and the frame on show.
+// Of files; then of folders, where the fallback asks for a scan, and a scan is running: so it only
+// stops that one, at the first of the rows that are still known.
 TEST_F(ScanTest, FoldersThatCannotBeRead) {
+  for (const char* name : {"one", "two"}) folder.MakeFolder(name);
+  Scan();
   Scan("missing");
   EXPECT_EQ(status.Pane(0), "Could not load directory");
   EXPECT_TRUE(list.Visible());
-  scan.ScanFolder("");
-  EXPECT_TRUE(!list.Visible() && pane.Frame_Progress.Visible());
-}
-
-// The fallback asks for a scan, and a scan is running: so it only stops that one, at the first of
-// the rows that are still known.
-TEST_F(ScanTest, AFolderViewThatCannotBeReadStopsAtItsFirstRow) {
-  for (const char* name : {"one", "two"}) folder.MakeFolder(name);
   Scan();
   Set("Option1_Folders", "True");
   ASSERT_EQ(Names(), (Lines{"one", "two"}));
   Scan("missing");
   EXPECT_EQ(Names(), Lines{"one"});
   EXPECT_EQ(status.Pane(0), "Scan Aborted...");
+  // An empty path leaves the list hidden and the frame on show.
+  scan.ScanFolder("");
+  EXPECT_TRUE(!list.Visible() && pane.Frame_Progress.Visible());
 }
 
-// During a fill the list is out of sight and unsorted; behind it the chosen sort is back.
+// During a fill the list is out of sight and unsorted; behind it the chosen sort is back. A file
+// that vanishes in its middle stays as a row.
 TEST_F(ScanTest, AFillHidesTheListShowsProgressAndSortsOnce) {
   Fill(12);
   Scan();
@@ -140,9 +128,12 @@ TEST_F(ScanTest, AFillHidesTheListShowsProgressAndSortsOnce) {
     EXPECT_TRUE(!list.Visible() && pane.Frame_Progress.Visible());
     EXPECT_EQ(pane.ProgressBar.Caption(), "83");
     EXPECT_EQ(Names().front(), "f100");
+    disk.Delete(folder.Path("f111"));
   });
   Scan();
   EXPECT_EQ(Names().front(), "f111");
+  for (const Column c : {Column::Size, Column::Date, Column::BaseSize})
+    EXPECT_EQ(list.Cell(1, c), "");
   folder.MakeFolder("empty");
   scan.ThumbnailMode = true;
   Scan("empty");
@@ -211,12 +202,6 @@ class TreeTest : public ScanTest {
       if (changed == 0) messages.push_back(Short(status.Pane(0)));
     };
   }
-  // Walks, and at the first yield of it does something.
-  std::size_t CountOfWalk(std::function<void()> action) {
-    AtYield(1, std::move(action));
-    scan.ToggleSubfolderScan();
-    return list.Count();
-  }
   Lines messages;
 };
 
@@ -246,25 +231,23 @@ TEST_F(TreeTest, LongPathsShowTheirLast70Characters) {
   EXPECT_THAT(messages, testing::Contains("scanning ..." + cut.substr(1)));
 }
 
+// The button ends the walk behind the folder, on the way down too. An Escape cuts it and each later
+// folder to its first file, until a scan clears it.
 TEST_F(TreeTest, StopsAtTheNextFolder) {
-  Fill(15, "a/g");
-  EXPECT_EQ(CountOfWalk([this] { scan.ToggleSubfolderScan(); }),
-            17U);  // all of "a", nothing of "b"
-  EXPECT_FALSE(scan.StopSubfolderScan);
-  EXPECT_EQ(pane.ScanSub.classic.Caption(), "Start Scan");
-}
-
-TEST_F(TreeTest, StopsOnTheWayDownToo) {
-  Fill(15, "a/deep/g");
-  EXPECT_EQ(CountOfWalk([this] { scan.ToggleSubfolderScan(); }), 3U + 16);
-  EXPECT_THAT(messages, testing::Contains("Scan aborted by User"));
-}
-
-// An Escape during the walk cuts each later folder to its first file, until a scan clears it.
-TEST_F(TreeTest, AnEscapeCutsEachLaterFolder) {
-  for (const char* prefix : {"a/g", "b/g"}) Fill(15, prefix);
-  EXPECT_EQ(CountOfWalk([this] { scan.AbortRequested = true; }), 10U + 1 + 1 + 1);
+  for (const char* prefix : {"a/g", "b/g", "a/deep/g"}) Fill(15, prefix);
+  const auto press = [this] { scan.ToggleSubfolderScan(); };
+  const auto escape = [this] { scan.AbortRequested = true; };
+  const std::tuple<int, std::function<void()>, std::size_t> rows[] = {
+      {1, press, 1 + 16}, {4, press, 1 + 16 + 16 + 16}, {1, escape, 10 + 1 + 1 + 1}};
+  for (const auto& [yield, stop, count] : rows) {
+    AtYield(yield, stop);
+    scan.ToggleSubfolderScan();
+    EXPECT_EQ(list.Count(), count);
+    EXPECT_FALSE(scan.StopSubfolderScan);
+    EXPECT_EQ(pane.ScanSub.classic.Caption(), "Start Scan");
+  }
   EXPECT_TRUE(scan.AbortRequested);
+  EXPECT_THAT(messages, testing::Contains("Scan aborted by User"));
 }
 
 TEST_F(TreeTest, AnUnreadableFolderEndsItsLevelOnly) {

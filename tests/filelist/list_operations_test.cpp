@@ -12,11 +12,6 @@ class ListOperationsTest : public EngineTest {
     for (std::size_t i = 1; i <= list.Count(); ++i) list.Row(i).Selected = false;
     for (const std::size_t row : rows) list.Row(row).Selected = true;
   }
-  std::string Highlights() {
-    std::string marks;
-    for (std::size_t i = 1; i <= list.Count(); ++i) marks += list.Row(i).Selected ? 'x' : '.';
-    return marks;
-  }
 };
 
 TEST_F(ListOperationsTest, ArrowsStepTheCheckPattern) {
@@ -51,9 +46,9 @@ TEST_F(ListOperationsTest, DeletesForGoodAndStopsAtTheFirstFailure) {
   Highlight({1, 3});
   dialogs.answers = {Answer::No, Answer::Yes, Answer::Yes, Answer::Yes};
   operations.DeleteHighlighted();
-  EXPECT_EQ(dialogs.asked.back().title, "Delete File");
-  EXPECT_EQ(dialogs.asked.back().text,
-            "Are you sure you want to delete the 2 highlighted file(s) from the system?");
+  EXPECT_EQ(
+      dialogs.asked.back().title + ": " + dialogs.asked.back().text,
+      "Delete File: Are you sure you want to delete the 2 highlighted file(s) from the system?");
   EXPECT_EQ(folder.Names().size(), 4U);
   operations.DeleteHighlighted();
   EXPECT_EQ(folder.Names(), (Lines{"b", "d"}));
@@ -111,37 +106,17 @@ TEST_F(ListOperationsTest, TheMenuActsOnTheHighlightedRows) {
   }
 }
 
-TEST_F(ListOperationsTest, TheMenuHasItsOrder) {
-  std::string menu;
-  for (const auto& [button, separatorBehind] : operations.RightClick()) {
-    menu += button.Caption() + (separatorBehind ? "\n--\n" : "\n");
-  }
-  EXPECT_EQ(
-      menu,
-      "Open\nOpen Containing Folder\n--\nCheck all files highlighted\n"
-      "Un-Check all files highlighted\nCheck only the files highlighted\n--\n"
-      "Delete all highlighted files from system\n--\nEdit ID3 Tag\n--\nManually Rename File\n");
-}
-
-// The selected item is a row, not a place.
+// The selected item is a row, not a place. A check takes its highlight off, and no other's.
 TEST_F(ListOperationsTest, ASortTakesTheSelectedItemAlong) {
-  List({"a", "b", "c"});
+  List({"a", "b", "c", "d"});
   Highlight({1, 2});
   operations.MouseUp(2, false);
   list.SortByColumn(Column::FileName);
-  list.SortByColumn(Column::FileName);
-  list.SortByColumn(Column::FileName);
-  EXPECT_EQ(Names()[0] + list.Row(list.HighlightedRow()).name, "cb");
-}
-
-TEST_F(ListOperationsTest, ACheckTakesTheHighlightOffTheSelectedItem) {
-  List({"a", "b", "c"});
-  Highlight({1, 2});
-  operations.MouseUp(2, false);
-  operations.ItemCheck(3, false);
-  EXPECT_EQ(Highlights() + Marks(), "x..xx.");
-  operations.ItemCheck(3, true);
-  EXPECT_EQ(Highlights() + Marks(), "x..xxx");
+  EXPECT_EQ(Names()[0] + list.Row(list.HighlightedRow()).name, "db");
+  for (const bool checked : {false, true}) {
+    operations.ItemCheck(1, checked);
+    EXPECT_EQ(Highlights() + Marks(), checked ? "...xxxxx" : "...x.xxx");
+  }
 }
 
 TEST_F(ListOperationsTest, TheTagEditorOpensForMp3FilesAlone) {

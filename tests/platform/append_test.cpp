@@ -44,6 +44,21 @@ TEST(AppendFile, AppendsBehindWhatOthersAppended) {
   EXPECT_EQ(folder.Read("log"), "1\n1\n1\n");
 }
 
+TEST(AppendFile, OnlyOneIsAloneThoughItHasNotWrittenSinceTheFileWasReplacedOrDeleted) {
+  const TemporaryFolder folder;
+  SystemFiles files;
+  const auto open = [&] { return files.OpenForAppend(folder.Path("log"), "\n", nullptr); };
+  auto one = open();
+  EXPECT_TRUE(one->IsAlone());
+  files.Rewrite(folder.Path("log"), [](auto) { return "new\n"; });
+  EXPECT_FALSE(open()->IsAlone());
+  files.Delete(folder.Path("log"));
+  const auto two = open();
+  EXPECT_TRUE(!two->IsAlone() && one->IsAlone());
+  one.reset();
+  EXPECT_TRUE(two->IsAlone());
+}
+
 // What the disk takes before it is full: a part of the line, or nothing, which needs no line end.
 TEST(AppendFile, BeginsANewLineAfterOneThatWasCut) {
   const std::pair<rlim_t, std::string> rows[] = {{10, "first\r\nsec\r\n"}, {7, "first\r\n"}};

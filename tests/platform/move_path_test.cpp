@@ -2,14 +2,17 @@
 // file stays whole at one of the two paths whatever fails.
 //
 // A file that can't be deleted is made by answering the call for it; root may delete any real one.
+// What others do meanwhile, they do when the copy stands in place and its folder is flushed.
 #include <fcntl.h>
 #include <gtest/gtest.h>
 #include <sys/stat.h>
+#include <sys/syscall.h>
 #include <unistd.h>
 
 #include <cerrno>
 #include <cstdlib>
 #include <filesystem>
+#include <functional>
 #include <optional>
 
 #include "platform/files.h"
@@ -18,12 +21,18 @@
 namespace {
 
 std::string undeletable;
+std::function<void()> atFlushOfFolder;
 
 }  // namespace
 
 extern "C" int unlink(const char* path) noexcept {
   errno = EPERM;
   return path == undeletable ? -1 : unlinkat(AT_FDCWD, path, 0);
+}
+
+extern "C" int fsync(int file) {
+  if (atFlushOfFolder && (fcntl(file, F_GETFL) & O_DIRECTORY) != 0) atFlushOfFolder();
+  return static_cast<int>(syscall(SYS_fsync, file));
 }
 
 namespace tallowbrook {
@@ -90,7 +99,7 @@ class MoveBetweenFileSystems : public MovePath {
     other_.emplace();
     variable != nullptr ? setenv("TMPDIR", before.c_str(), 1) : unsetenv("TMPDIR");
   }
-  ~MoveBetweenFileSystems() override { undeletable.clear(); }
+  ~MoveBetweenFileSystems() override { undeletable.clear(), atFlushOfFolder = nullptr; }
 
   std::optional<TemporaryFolder> other_;
 };
@@ -125,6 +134,30 @@ TEST_F(MoveBetweenFileSystems, RefusesWithoutATrace) {
     EXPECT_EQ(other_->Names(), there) << from << " to " << to;
   }
   EXPECT_EQ(folder_.Read("hard") + other_->Read("taken"), "AT");
+}
+
+// S and C: somebody writes to the source, to the copy. D: the source is deleted. U: it can't be. L:
+// it can't be looked at. And what then stands at both places.
+TEST_F(MoveBetweenFileSystems, TakesTheCopyBackOnlyWhereItKnowsThatBothAreWhole) {
+  const std::string source = folder_.Path("folder/b"), copy = other_->Path("b");
+  for (const std::string row :
+       {"S: new -", "SC new new", "U: B -", "UC B new", "D: - B", "L: - B"}) {
+    atFlushOfFolder = [&] {
+      if (row[0] == 'S') folder_.Write("folder/b", "new");
+      if (row[0] == 'U') undeletable = source;
+      if (row[0] == 'D') std::filesystem::remove(source);
+      if (row[0] == 'L') std::filesystem::rename(folder_.Path("folder"), folder_.Path("away"));
+      if (row[0] == 'L') folder_.Write("folder");
+      if (row[1] == 'C') other_->Write("b", "new");
+    };
+    folder_.Write("folder/b", "B");
+    EXPECT_EQ(Move(source, copy) == FileError::None, row[0] == 'D') << row;
+    const auto here = SystemFiles().ReadWhole(source), there = SystemFiles().ReadWhole(copy);
+    EXPECT_EQ(row.substr(0, 3) + here.value_or("-") + " " + there.value_or("-"), row);
+    undeletable.clear();
+    std::filesystem::remove(copy);
+  }
+  EXPECT_EQ(folder_.Read("away/b"), "B");
 }
 
 }  // namespace

@@ -118,11 +118,20 @@ TEST_F(Rename, KeepsItsWordWhereTheSystemCannotRefuseToReplace) {
       {"missing", "missing", FileError::NotFound},
       {"b", "c", FileError::None},
       {"c", "b", FileError::None},
+      {"folder", "Folder", FileError::None},
+      {"Folder", "folder", FileError::None},
   };
-  for (int lacking : {ENOSYS, EINVAL}) {
+  const std::vector<RefusedCall> lacking[] = {
+      {{SYS_renameat2, ENOSYS}},
+#ifdef SYS_link
+      {{SYS_renameat2, EINVAL}, {SYS_link, EPERM}},
+#endif
+      {{SYS_renameat2, EINVAL}},
+  };
+  for (const auto& calls : lacking) {
     for (const auto& row : rows) {
-      const auto outcome = RunRefusing({{SYS_renameat2, lacking}},
-                                       [&] { return Run(std::get<0>(row), std::get<1>(row)); });
+      const auto outcome =
+          RunRefusing(calls, [&] { return Run(std::get<0>(row), std::get<1>(row)); });
       if (!outcome) GTEST_SKIP() << "no filter for system calls here";
       EXPECT_EQ(*outcome, std::get<2>(row)) << std::get<0>(row) << " to " << std::get<1>(row);
     }

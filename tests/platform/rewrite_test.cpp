@@ -7,6 +7,7 @@
 #include <atomic>
 #include <cerrno>
 #include <filesystem>
+#include <functional>
 #include <sstream>
 #include <stdexcept>
 #include <string>
@@ -15,6 +16,18 @@
 #include "platform/files.h"
 #include "tests/platform/refused_calls.h"
 #include "tests/support/temporary_folder.h"
+
+namespace {
+
+thread_local std::function<bool()> isDiskFull;  // asked before each write
+
+}  // namespace
+
+extern "C" ssize_t write(int file, const void* bytes, std::size_t size) {
+  const bool isRefused = isDiskFull && isDiskFull();
+  errno = ENOSPC;
+  return isRefused ? -1 : syscall(SYS_write, file, bytes, size);
+}
 
 namespace tallowbrook {
 namespace {
@@ -149,6 +162,36 @@ TEST_F(Rewrite, TellsAWriterThatItsFileIsGoneAndThenBeginsANewOne) {
     EXPECT_EQ(other->Write("4\n"), FileError::NotFound) << way;
     EXPECT_EQ(other->Write("5\n"), FileError::None) << way;
     EXPECT_EQ(folder_.Read("log"), *way == 'M' ? "cut\r\n3\n5\n" : "3\n5\n") << way;
+  }
+}
+
+// Full from the second write on, from the third ...: of what came while the text was made, of what
+// came behind that, and of the mark that says so. The last two leave what a killed rewriter leaves.
+TEST_F(Rewrite, TellsAWriterWhatBecameOfItsLineWhereverTheDiskIsFull) {
+  int fitting = 0;
+  for (const auto& [told, text] : std::initializer_list<std::pair<FileError, std::string>>{
+           {FileError::None, "old\nduring\nlate\n"},
+           {FileError::NotFound, "new\nduring\n"},
+           {FileError::NotFound, "new\nduring\nlate\n"},
+           {FileError::None, "new\nduring\nlate\n"}}) {
+    ++fitting;
+    const std::string path = folder_.Write("log", "old\n");
+    const auto writer = Append();
+    std::thread late;
+    const auto edit = [&, &told = told](std::string_view) {
+      writer->Write("during\n");
+      isDiskFull = [&, size = StatOf(path).st_size, count = 0]() mutable {
+        if (++count == 2) late = std::thread([&] { EXPECT_EQ(writer->Write("late\n"), told); });
+        while (count == 2 && StatOf(path).st_size == size) std::this_thread::yield();
+        return count > fitting;
+      };
+      return "new\n";
+    };
+    EXPECT_EQ(Run("log", edit), fitting == 1 ? FileError::NoSpace : FileError::None);
+    isDiskFull = nullptr;
+    late.join();
+    EXPECT_EQ(folder_.Read("log"), text);
+    EXPECT_EQ(folder_.Names(), NameList{"log"});
   }
 }
 

@@ -24,7 +24,7 @@ class Form1Test : public testing::Test, protected TestWorld {
   int unloads = 0;
 };
 
-TEST_F(Form1Test, AFirstStartShowsTheHomeFolder) {
+TEST_F(Form1Test, AFirstStartShowsTheHomeFolderAndAFoldersViewSearchesWholeNames) {
   form.Load();
   EXPECT_FALSE(form.ProgramLoading);
   EXPECT_EQ(form.ListView1.Count(), 2U);
@@ -34,7 +34,12 @@ TEST_F(Form1Test, AFirstStartShowsTheHomeFolder) {
   EXPECT_FALSE(form.settings.Txt_MoveTo.Enabled());
   EXPECT_EQ(form.pages.Label_SampleFileName.Caption(), "filename-0001.abc");
   EXPECT_EQ(form.settings.Combo_Occurances.Items().size(), 31U);
-  EXPECT_EQ(form.statusBar.Pane(1), "Files in list: 2");
+  Find("Option_Search3").SetValueText("True");
+  for (const char* view : {"Option1_Folders", "Option1_Files"}) {
+    Find(view).SetValueText("True");
+    EXPECT_TRUE(form.settings.Option_Search1.On());
+    EXPECT_EQ(form.settings.Option_Search2.Visible(), form.pane.Option1_Files.On());
+  }
 }
 
 TEST_F(Form1Test, ButtonsPreviewAndApplyAndTheLogTellsOfIt) {
@@ -46,22 +51,18 @@ TEST_F(Form1Test, ButtonsPreviewAndApplyAndTheLogTellsOfIt) {
   }
   Press("PushButton_Apply");
   EXPECT_EQ(home.Names(), (std::vector<std::string>{"a-0001.txt", "b-0002.txt"}));
-  const std::string path = home.Path();
-  EXPECT_EQ(data.Read("Logfile.txt"),
-            "@----------- 02/29/24 [13:05] -----------@\r\n"
-            "1\x06 " +
-                path + "a.txt?" + path +
-                "a-0001.txt?\x06\x05\r\n"
-                "1\x06 " +
-                path + "b.txt?" + path + "b-0002.txt?\x06\x05\r\n\x07\r\n");
+  std::string log = "@----------- 02/29/24 [13:05] -----------@\r\n";
+  log += "1\x06 " + home.Path("a.txt?") + home.Path("a-0001.txt?\x06\x05\r\n");
+  log += "1\x06 " + home.Path("b.txt?") + home.Path("b-0002.txt?\x06\x05\r\n\x07\r\n");
+  EXPECT_EQ(data.Read("Logfile.txt"), log);
 }
 
-// Through scan, preview, run and log, and from the log back to the same bytes. Names that no file
-// gets any more leave for new ones; the others keep theirs and get a prefix.
+// Through scan, preview, run and log, and from the log back to the same bytes. The last four are
+// refused with a prefix, as names that no file gets any more, and leave for new ones.
 TEST_F(Form1Test, NamesOfAnyBytesGoAllTheWay) {
-  const std::vector<std::string> odd = {" both ends ",        "\"quotes\" '",       "new\nline\r",
-                                        "\x05\x06\x07\x10",   "\xff\xfe stray",     "what?",
-                                        "日本語 😀 e\xcc\x81", std::string(255, 'n')};
+  const std::vector<std::string> odd = {
+      " both ends ", "\"quotes\" '",     "\xff\xfe stray", "日本語 😀 e\xcc\x81",
+      "new\nline\r", "\x05\x06\x07\x10", "what?",          std::string(255, 'n')};
   for (const std::string& name : odd) home.Write(name, name);
   form.Load();
   ASSERT_EQ(form.ListView1.Count(), odd.size() + 2);
@@ -69,7 +70,10 @@ TEST_F(Form1Test, NamesOfAnyBytesGoAllTheWay) {
   Find("Text_Prefix").SetValueText("p-");
   Find("Check_Unique").SetValueText("0");
   Find("Check_Seperator").SetValueText("0");
-  Press("Cmd_Apply");  // what is refused here gets a number below
+  Press("Cmd_Apply");
+  for (std::size_t i = 0; i < odd.size(); ++i) {
+    EXPECT_TRUE(home.Exists(i < 4 ? "p-" + odd[i] : odd[i])) << odd[i];
+  }
   Find("Check_Unique").SetValueText("1");
   Find("Combo_Original").SetValueText("1");
   Find("Combo_OriginalName").SetValueText(" é ");
@@ -79,9 +83,7 @@ TEST_F(Form1Test, NamesOfAnyBytesGoAllTheWay) {
     previewed.push_back(form.ListView1.Row(i).newName);
   }
   Press("Cmd_Apply");
-  for (std::size_t i = 0; i < previewed.size(); ++i) {
-    EXPECT_TRUE(home.Exists(previewed[i])) << previewed[i];
-  }
+  for (const std::string& name : previewed) EXPECT_TRUE(home.Exists(name)) << name;
   // And back, the second run first.
   int shown = 0;
   form.showHistory = [&](LogHistory& history) {
@@ -142,18 +144,6 @@ TEST_F(Form1Test, TheEndStopsAPreviewAndAWalk) {
   EXPECT_EQ(unloads, 2);
 }
 
-TEST_F(Form1Test, SomePagesTakeTheFocus) {
-  form.Load();
-  std::string focused;
-  form.screen.focusRequested = [&](Control& control) { focused = control.Name(); };
-  for (const auto& [page, name] : std::vector<std::pair<int, std::string>>{
-           {1, "Combo_RemoveChars"}, {0, ""}, {2, "Combo_Find"}, {3, ""}, {4, "RTxt_ID3Name"}}) {
-    focused.clear();
-    form.settings.TabIndex.Select(page);
-    EXPECT_EQ(focused, name) << page;
-  }
-}
-
 TEST_F(Form1Test, ControlsBlinkThreeTimesAndStandAsBefore) {
   form.blinker.BlinkControl(form.Apply.styled, false);
   std::string lit;
@@ -164,45 +154,25 @@ TEST_F(Form1Test, ControlsBlinkThreeTimesAndStandAsBefore) {
   EXPECT_EQ(lit, "x.x.x.");
 }
 
-TEST_F(Form1Test, AFoldersViewSearchesWholeNames) {
-  form.Load();
-  Find("Option_Search3").SetValueText("True");
-  Find("Option1_Folders").SetValueText("True");
-  EXPECT_TRUE(form.settings.Option_Search1.On());
-  EXPECT_FALSE(form.settings.Option_Search2.Visible());
-  Find("Option1_Files").SetValueText("True");
-  EXPECT_TRUE(form.settings.Option_Search2.Visible());
-}
-
-TEST_F(Form1Test, CommandsAreDispatchedByNumber) {
-  form.Load();
-  form.settings.Text_UniqueMask.Set("x");
-  form.Dispatch(commandReset);
-  EXPECT_EQ(form.settings.Text_UniqueMask.Value(), "0000");
-  form.Dispatch(4711);
-  EXPECT_EQ(unloads, 0);
-}
-
 TEST_F(Form1Test, ARowIsRenamedByHand) {
   form.Load();
-  form.showManualRename = [](ManualRename&) { FAIL() << "no row is highlighted"; };
-  form.OpenManualRename();
+  std::string steps;
+  form.showManualRename = [&](ManualRename& dialog) {
+    dialog.close = [&] { steps += "closed"; };
+    steps += dialog.Txt_OldName.Value();
+    for (const char* name : {"", "typed name"}) {
+      dialog.Txt_NewFileName.Set(name);
+      dialog.Cmd_Rename.Press();
+      steps += "|";
+    }
+  };
+  dialogs.answers = {Answer::Ok};
+  form.OpenManualRename();  // no row is highlighted
   form.ListView1.Row(2).Selected = true;
   form.ListView1.SetChecked(2, false);
-  int closes = 0;
-  form.showManualRename = [&](ManualRename& dialog) {
-    dialog.close = [&] { ++closes; };
-    EXPECT_EQ(dialog.Txt_OldName.Value(), "b.txt");
-    dialogs.answers = {Answer::Ok};
-    dialog.Txt_NewFileName.Set("");
-    dialog.Cmd_Rename.Press();
-    EXPECT_EQ(closes, 0);
-    dialog.Txt_NewFileName.Set("typed name");
-    dialog.Cmd_Rename.Press();
-  };
   form.OpenManualRename();
+  EXPECT_EQ(steps, "b.txt|closed|");
   EXPECT_EQ(dialogs.asked.back().text, "You must specify a new filename");
-  EXPECT_EQ(closes, 1);
   EXPECT_TRUE(home.Exists("typed name"));
 }
 

@@ -7,11 +7,9 @@
 #include <set>
 #include <thread>
 
-#include "shell/form1.h"
 #include "store/batch_rows.h"
 #include "store/log_format.h"
-#include "tests/support/fakes.h"
-#include "tests/support/temporary_folder.h"
+#include "tests/support/test_world.h"
 
 namespace tallowbrook {
 namespace {
@@ -19,24 +17,18 @@ namespace {
 constexpr int fileCount = 100'000;
 
 // In the child: a run over the whole folder.
-[[noreturn]] void RunAndExit(const std::string& folder, const std::string& data) {
-  SystemFiles files;
-  FakeClock clock;
-  FakeRandom random;
-  FakeDialogs dialogs;
+[[noreturn]] void RunAndExit(TestWorld& world) {
   FakeEvents events;
-  FakeDesktop desktop;
-  Form1 form{{files, clock, random, dialogs, events, desktop, EnglishDateNames(), {data, data}, folder}};
+  Form1 form{world.With(events)};
   form.Load();
   form.run.RenameFiles(0, {});
   _exit(0);
 }
 
-void KillWhenTheLogHas(pid_t child, const std::string& log, std::int64_t bytes) {
-  SystemFiles files;
+void KillWhenTheLogHas(pid_t child, TestWorld& world, std::int64_t bytes) {
   const auto deadline = std::chrono::steady_clock::now() + std::chrono::minutes(2);
   while (std::chrono::steady_clock::now() < deadline) {
-    const auto facts = files.Facts(log);
+    const auto facts = world.files.Facts(world.data.Path("Logfile.txt"));
     if (facts && facts->size > bytes) break;
     std::this_thread::sleep_for(std::chrono::microseconds(100));
   }
@@ -47,16 +39,16 @@ void KillWhenTheLogHas(pid_t child, const std::string& log, std::int64_t bytes) 
 }
 
 TEST(KilledRun, EveryRenamedFileButAtMostOneHasItsRecord) {
-  TemporaryFolder folder;
-  TemporaryFolder data;
-  for (int i = 0; i < fileCount; ++i) folder.Write("file" + std::to_string(100'000 + i), {});
+  TestWorld world;
+  const TemporaryFolder& folder = world.home;
+  for (int i = 0; i < fileCount; ++i) folder.Write("file" + std::to_string(100'000 + i));
   const pid_t child = fork();
   ASSERT_GE(child, 0);
-  if (child == 0) RunAndExit(folder.Path(), data.Path());
-  KillWhenTheLogHas(child, data.Path("Logfile.txt"), 40'000 * 60);
+  if (child == 0) RunAndExit(world);
+  KillWhenTheLogHas(child, world, 40'000 * 60);
 
   // The batch has no end: it gets one here, to be read as a batch.
-  const std::string log = data.Read("Logfile.txt") + "\x07";
+  const std::string log = world.data.Read("Logfile.txt") + "\x07";
   std::set<std::string> recorded;
   BatchRows rows;
   rows.Load(log_format::SplitBatches(log).front());

@@ -84,12 +84,13 @@ class EngineTest : public testing::Test {
   Lines Paths() {
     return Rows([this](std::size_t i) { return Short(list.FullPath(i)); });
   }
-  // "x" a checked row, "." another.
-  std::string Marks() {
+  // "x" a row that is checked, "." another.
+  std::string Marks(bool FileEntry::*mark = &FileEntry::Checked) {
     std::string marks;
-    for (std::size_t i = 1; i <= list.Count(); ++i) marks += list.Row(i).Checked ? 'x' : '.';
+    for (std::size_t i = 1; i <= list.Count(); ++i) marks += list.Row(i).*mark ? 'x' : '.';
     return marks;
   }
+  std::string Highlights() { return Marks(&FileEntry::Selected); }
   // With the folder's path as "~/".
   std::string Short(std::string text) const {
     for (std::size_t at; (at = text.find(folder.Path())) != std::string::npos;) {
