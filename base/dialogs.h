@@ -15,6 +15,8 @@ struct MessageBox {
   std::string title;
   std::string text;  // plain text; lines end in "\r\n" or "\n"
   Buttons buttons = Buttons::Ok;
+  // What Enter gives to a Yes/No box: No where Yes can't be taken back.
+  Answer enter = Answer::Yes;
 };
 
 class Dialogs {

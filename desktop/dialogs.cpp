@@ -40,6 +40,7 @@ Answer WindowDialogs::Ask(const MessageBox& box) {
   shown.setIcon(QMessageBox::Question);
   shown.setStandardButtons(QMessageBox::Yes | QMessageBox::No);
   shown.setEscapeButton(QMessageBox::No);
+  shown.setDefaultButton(box.enter == Answer::No ? QMessageBox::No : QMessageBox::Yes);
   return shown.exec() == QMessageBox::Yes ? Answer::Yes : Answer::No;
 }
 

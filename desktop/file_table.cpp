@@ -93,6 +93,8 @@ void FileTable::keyPressEvent(QKeyEvent* event) {
         [&](std::size_t row, bool checked) { list.SetChecked(row, checked); });
   } else if (event->key() == Qt::Key_F2) {
     operations_.RenameKey();
+  } else if (event->key() == Qt::Key_F10 && event->modifiers() == Qt::ShiftModifier) {
+    PopUpAtCurrentRow();
   } else {
     RowTable::keyPressEvent(event);
     list.SelectItem(static_cast<std::size_t>(currentIndex().row() + 1));

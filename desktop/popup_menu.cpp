@@ -36,7 +36,11 @@ void PopUpMenu(const std::vector<ListOperations::MenuItem>& items, QPoint place,
     QAction* action = menu->addAction(WithAccessKey(button.Caption(), key));
     action->setObjectName(ToText(button.Name()));
     action->setEnabled(button.Enabled());
-    QObject::connect(action, &QAction::triggered, menu, [&pressed = button] { pressed.Press(); });
+    // Once the menu has done with the click: what a button does may last, let events through, and
+    // with them the menu's own end.
+    QObject::connect(
+        action, &QAction::triggered, over, [&pressed = button] { pressed.Press(); },
+        Qt::QueuedConnection);
     if (separatorBehind) menu->addSeparator();
   }
   menu->popup(place);

@@ -51,7 +51,7 @@ void RenameRun::RunRows(std::size_t row, const std::string& newName) {
   }
   list_.TellRows(1, list_.Count());
   // What has moved away is no row of this folder any more.
-  if (settings_.Check_MoveEnable.On() && settings_.TransferMethod.Value() == 1) scan_.FilterList();
+  if (settings_.Check_MoveEnable.On() && settings_.TransferMethod.Value() == 1) scan_.RefillList();
   world_.log.EndBatch();
   world_.status.Set(0, "File Renaming has completed");
   world_.log.Close();

@@ -303,6 +303,12 @@ void FolderScan::ClearFileList() {
   ShowCount();
 }
 
+// A fill that is under way is stopped by the one that begins, and clears its own rows.
+void FolderScan::RefillList() {
+  if (LastScanWasRecursive && !ScanInProgress) ClearFileList();
+  FilterList();
+}
+
 void FolderScan::FilterList() {
   if (pane_.Combo_Filter.Value().empty()) pane_.Combo_Filter.Set("*.*");
   const std::string folder = LastScanFolder;

@@ -70,6 +70,8 @@ class FolderScan {
   void ClearFileList();
   // Fills the list again as it was last filled; a subfolder scan adds to what is there.
   void FilterList();
+  // The same once files have changed: the list shows what is there now, and nothing else.
+  void RefillList();
   void ApplyCheckPattern() { pattern_.ApplyCheckPattern(); }
   // Files and folders dropped on the list: added to what is there.
   void AddDropped(const std::vector<std::string>& paths);

@@ -62,7 +62,7 @@ void ListOperations::DeleteHighlighted() {
       world_.dialogs.Ask({"Delete File",
                           "Are you sure you want to delete the " + std::to_string(paths.size()) +
                               " highlighted file(s) from the system?",
-                          Buttons::YesNo});
+                          Buttons::YesNo, Answer::No});
   if (answer != Answer::Yes) return;
   std::size_t deleted = 0;
   for (const std::string& path : paths) {
@@ -73,7 +73,7 @@ void ListOperations::DeleteHighlighted() {
     }
     ++deleted;
   }
-  scan_.FilterList();
+  scan_.RefillList();
 }
 
 void ListOperations::OpenFile() {

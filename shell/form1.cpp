@@ -141,7 +141,7 @@ void Form1::OpenManualRename() {
 void Form1::OpenHistoryWindow() {
   if (!showHistory) return;
   LogHistory history(
-      {world_.files, world_.dialogs, world_.events, nullptr, [this] { scan.FilterList(); }},
+      {world_.files, world_.dialogs, world_.events, nullptr, [this] { scan.RefillList(); }},
       log.Path());
   showHistory(history);
 }

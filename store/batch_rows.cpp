@@ -105,6 +105,11 @@ ResultColour BatchRows::ColourOf(std::size_t row) const {
   return FactsOf(RecordOf(At(row).line).status).colour;
 }
 
+bool BatchRows::CanBeUndone(std::size_t row) const {
+  const ResultColour colour = FactsOf(At(row).status).colour;
+  return colour != ResultColour::Error && colour != ResultColour::Undone;
+}
+
 std::string BatchRows::OldPath(std::size_t row) const {
   return folders_[At(row).folders].ofOld +
          log_format::Unescaped(LeafOf(RecordOf(At(row).line).oldPath));
@@ -131,8 +136,6 @@ std::string BatchRows::Detail(std::size_t row) const {
   return DateCommand(row);
 }
 
-// The first character alone: a folder's date that is undone a second time leaves "30", which means
-// nothing. It is wanted so.
 void BatchRows::ChangeLogStatus(std::size_t row, int status) {
   std::string& text = At(row).status;
   text.replace(0, 1, std::to_string(status));

@@ -39,8 +39,9 @@ class BatchRows {
   UndoOutcome Outcome(std::size_t row) const { return At(row).outcome; }
   void SetOutcome(std::size_t row, UndoOutcome outcome) { At(row).outcome = outcome; }
 
-  // Nothing on the disk was changed for such a row.
-  bool HasFailed(std::size_t row) const { return At(row).status == "0"; }
+  // False for a row that changed nothing on the disk, or whose change was undone: what bears its
+  // new name by now is another file.
+  bool CanBeUndone(std::size_t row) const;
   // By the first character of its record: a folder that was undone is none any more.
   bool IsFolder(std::size_t row) const { return At(row).status.starts_with('9'); }
   // Puts a number in the place of the first character of the row's record.

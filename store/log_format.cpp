@@ -124,14 +124,8 @@ std::optional<BatchSummary> Summarize(std::string_view batch) {
   const std::string_view time = batch.substr(blanks[1] + 1, blanks[2] - blanks[1] - 1);
   if (time.size() < 2) return {};
   summary.time = time.substr(1, time.size() - 2);
-  std::ptrdiff_t breaks = 0;
-  for (std::size_t at = 0; (at = batch.find(lineBreak, at)) != std::string_view::npos;) {
-    ++breaks;
-    at += lineBreak.size();
-  }
-  // A first line that is empty is no record, and the header behind it isn't either.
-  summary.files = breaks - (batch.starts_with(lineBreak) ? 2 : 1);
   ForEachInnerLine(batch, [&](std::string_view line) {
+    if (!line.starts_with('@')) ++summary.files;
     if (line.starts_with('0')) ++summary.errors;
   });
   return summary;

@@ -40,7 +40,8 @@ std::vector<std::string_view> SplitBatches(std::string_view log);
 struct BatchSummary {
   std::string date;
   std::string time;
-  // By the number of lines alone: a batch that was torn may count one more or less than it holds.
+  // Lines that are no headers, and those of them that begin with "0"; what they hold isn't looked
+  // at.
   std::ptrdiff_t files = 0;
   std::ptrdiff_t errors = 0;
 };

@@ -123,7 +123,7 @@ void LogHistory::AskToClear() {
       {"Error loading undo file",
        "There was an error loading the undo file. Click 'Yes' to fix the error\r\n\r\n"
        "NOTE: Clicking 'Yes' will clear the undo file",
-       Buttons::YesNo});
+       Buttons::YesNo, Answer::No});
   if (answer != Answer::Yes) return;
   if (world_.files.Delete(logPath_) == FileError::None) return;
   statusBar.Set(0, "The log file could not be deleted");
@@ -202,7 +202,7 @@ void LogHistory::UndoRow(std::size_t row) {
   const std::string from = Files.NewPath(row);
   const std::string to = Files.OldPath(row);
   bool isDone = false;
-  Attempt([&] { isDone = !Files.HasFailed(row) && Restore(row, from, to); });
+  Attempt([&] { isDone = Files.CanBeUndone(row) && Restore(row, from, to); });
   Files.SetOutcome(row, isDone ? UndoOutcome::Undone : UndoOutcome::Failed);
   if (isDone && Files.IsFolder(row)) {
     const std::size_t newLeaf = from.rfind('/') + 1;
@@ -263,22 +263,28 @@ std::optional<std::size_t> LogHistory::Rewrite(
 void LogHistory::DeleteKey() {
   if (busy_ || !ListView1.Visible()) return;
   bool isDone = false;
+  bool missing = false;
   Work([&] {
     const Answer answer = world_.dialogs.Ask(
         {"Delete Selected Log Entries", "Are you sure you want to delete the selected log entries?",
-         Buttons::YesNo});
-    isDone = answer == Answer::Yes && DeleteSelected();
+         Buttons::YesNo, Answer::No});
+    if (answer != Answer::Yes) return;
+    const std::optional<std::size_t> deleted = DeleteSelected();
+    isDone = deleted.has_value();
+    missing = deleted < marked_.size();
   });
-  if (isDone) LoadLogSummary();
+  if (!isDone) return;
+  LoadLogSummary();
+  if (missing) statusBar.Set(0, "Another window has changed some of these log entries");
 }
 
-bool LogHistory::DeleteSelected() {
+std::optional<std::size_t> LogHistory::DeleteSelected() {
   const std::vector<std::size_t> twins = TwinsBefore();
   std::vector<log_format::BatchChange> changes;
   for (const std::size_t number : marked_) {
     changes.push_back({onDisk_[number - 1], {}, twins[number - 1]});
   }
-  return Rewrite(changes).has_value();
+  return Rewrite(changes);
 }
 
 }  // namespace tallowbrook

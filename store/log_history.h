@@ -88,7 +88,7 @@ class LogHistory {
   void UndoRow(std::size_t row);
   bool Restore(std::size_t row, const std::string& from, const std::string& to);
   void KeepStatuses();
-  bool DeleteSelected();
+  std::optional<std::size_t> DeleteSelected();
   std::vector<std::size_t> TwinsBefore() const;
   std::optional<std::size_t> Rewrite(const std::vector<log_format::BatchChange>& changes);
   void TellRows(std::size_t first, std::size_t last) const;

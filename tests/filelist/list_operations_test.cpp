@@ -74,6 +74,20 @@ TEST_F(ListOperationsTest, DeletesForGoodAndStopsAtTheFirstFailure) {
   EXPECT_EQ(dialogs.asked.size(), 4U);
 }
 
+// After a subfolder scan, too, the list is what is there; only a new filter adds to it.
+TEST_F(ListOperationsTest, ATreeIsListedAnewBehindADelete) {
+  folder.MakeFolder("sub");
+  folder.Write("sub/b");
+  List({"a", "c"});
+  scan.ToggleSubfolderScan();
+  Highlight({1});
+  dialogs.answers = {Answer::Yes};
+  operations.DeleteHighlighted();
+  EXPECT_EQ(Paths(), (Lines{"~/c", "~/sub/b"}));
+  scan.FilterList();
+  EXPECT_EQ(list.Count(), 4U);
+}
+
 TEST_F(ListOperationsTest, TheMenuActsOnTheHighlightedRows) {
   List({"a.txt", "b.MP3", "c"});
   operations.mnu_Open.Press();

@@ -81,7 +81,7 @@ class HistoryTest : public EngineTest {
   LogHistory history{{files, dialogs, events, &dates,
                       [this] {
                         ++filtered;
-                        scan.FilterList();
+                        scan.RefillList();
                       }},
                      logPath};
 };
@@ -347,18 +347,23 @@ TEST_F(HistoryTest, AnUndoOfNoRowsLeavesTheLog) {
   EXPECT_EQ(filtered, 1);
 }
 
-// What stands at a name that a run didn't get is somebody else's, even if the old name is free now.
-TEST_F(HistoryTest, AFailedRowHasNothingToUndo) {
-  List({"a"});
+// What stands at a name that a run didn't get, or gave back, is somebody else's, even if the old
+// name is free now.
+TEST_F(HistoryTest, AFailedOrUndoneRowHasNothingToUndo) {
+  List({"a", "b"});
   folder.Write("a-1", "somebody else's");
   Run();
-  realRun.RenameFiles(1, "away");
-  history.Open();
-  history.SelectBatches({1}, 1);
-  Undo();
-  EXPECT_EQ(Outcomes(), Lines{"Could Not Undo"});
-  EXPECT_EQ(folder.Names(), (Lines{"a-1", "away"}));
-  EXPECT_EQ(Statuses(), "0 1 ");
+  UndoLatest();
+  folder.Write("b-2", "somebody else's");
+  ASSERT_EQ(rename(folder.Path("a").c_str(), folder.Path("away").c_str()), 0);
+  ASSERT_EQ(rename(folder.Path("b").c_str(), folder.Path("b away").c_str()), 0);
+  for (int i = 0; i < 2; ++i) {
+    Undo();
+    EXPECT_EQ(Outcomes(), Lines(2, "Could Not Undo"));
+    history.LoadLogDetail();
+  }
+  EXPECT_EQ(folder.Names(), (Lines{"a-1", "away", "b away", "b-2"}));
+  EXPECT_EQ(Statuses(), "0 3 ");
 }
 
 // At a yield the user may press anything; the work under way isn't disturbed.
@@ -407,7 +412,7 @@ TEST_F(HistoryTest, MalformedLogsAreListedAsFarAsTheyGo) {
       {"\x07", 0, true, {}}, {"@\r\n\x07", 0, true, {}}, {"@-- 1 2\x07", 0, true, {}},
       {h + r + "\x07junk\x07" + h + "\x07", 1, true, {"/no/a>/no/b"}},
       {"a b c d\x07", 0, true, {}}, {"a b [] d\x07", 1, false, {}},
-      // A killed run's records and the next batch count as one.
+      // A killed run's records and the next batch count as one, without its header.
       {h + r + h + r + "\x07", 1, false, {"/no/a>/no/b", "/no/a>/no/b"}},
       // Cut or joined records, and paths that aren't whole.
       {h + "1\x06 /no/a?/no\r\n" + r + "\x07", 1, false, {"/no/a>/no/b"}},
