@@ -10,7 +10,7 @@ namespace {
 
 constexpr int firstNumber = 2;  // the columns of a batch from here on hold numbers
 
-QVariant ColourOfResult(ResultColour colour) {
+QVariant ShadeOf(ResultColour colour) {
   switch (colour) {
     case ResultColour::Error:
       return QColor(255, 0, 0);
@@ -24,16 +24,10 @@ QVariant ColourOfResult(ResultColour colour) {
   return {};
 }
 
-QVariant ColourOfOutcome(UndoOutcome outcome) {
-  switch (outcome) {
-    case UndoOutcome::Undone:
-      return QColor(0, 0, 255);
-    case UndoOutcome::Failed:
-      return QColor(255, 0, 0);
-    case UndoOutcome::None:
-      break;
-  }
-  return {};
+// An undo that went well looks as a run that did.
+ResultColour ColourOf(UndoOutcome outcome) {
+  if (outcome == UndoOutcome::None) return ResultColour::Plain;
+  return outcome == UndoOutcome::Undone ? ResultColour::Success : ResultColour::Error;
 }
 
 }  // namespace
@@ -128,8 +122,8 @@ QString BatchFileModel::TextOf(std::size_t row, int section) const {
 }
 
 QVariant BatchFileModel::ColourOf(std::size_t row, int section) const {
-  if (section == Result) return ColourOfResult(history_.Files.ColourOf(row));
-  if (section == NewPath) return ColourOfOutcome(history_.Files.Outcome(row));
+  if (section == Result) return ShadeOf(history_.Files.ColourOf(row));
+  if (section == NewPath) return ShadeOf(tallowbrook::ColourOf(history_.Files.Outcome(row)));
   return {};
 }
 
@@ -148,14 +142,9 @@ Qt::ItemFlags BatchFileModel::flags(const QModelIndex& index) const {
 bool BatchFileModel::setData(const QModelIndex& index, const QVariant& value, int role) {
   const std::size_t row = NumberOf(index);
   if (!row || role != Qt::CheckStateRole) return false;
-  SetChecked(row, value.toInt() == Qt::Checked);
+  history_.SetChecked(row, value.toInt() == Qt::Checked);
   Sync();
   return true;
-}
-
-void BatchFileModel::SetChecked(std::size_t row, bool checked) {
-  history_.SetChecked(row, checked);
-  NoteRows(row, row);
 }
 
 }  // namespace tallowbrook

@@ -37,8 +37,6 @@ class BatchFileModel : public RowModel {
   Qt::ItemFlags flags(const QModelIndex& index) const override;
   bool setData(const QModelIndex& index, const QVariant& value, int role) override;
 
-  void SetChecked(std::size_t row, bool checked);
-
  protected:
   std::size_t CountRows() const override { return history_.Files.Count(); }
 

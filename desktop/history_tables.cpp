@@ -79,7 +79,7 @@ void BatchFileTable::keyPressEvent(QKeyEvent* event) {
     model_.Sync();
     ToggleHighlighted(
         history_.Files.Count(), [this](std::size_t row) { return history_.Files.Checked(row); },
-        [this](std::size_t row, bool checked) { model_.SetChecked(row, checked); });
+        [this](std::size_t row, bool checked) { history_.SetChecked(row, checked); });
   } else {
     RowTable::keyPressEvent(event);
   }
