@@ -6,6 +6,7 @@
 #include <cstdlib>
 #include <set>
 
+#include "fuzzing/no_files.h"
 #include "store/log_history.h"
 
 namespace {
@@ -36,7 +37,7 @@ bool Names(std::string_view batch, const std::string& oldPath, const std::string
 }
 
 // A disk that holds the log and moves whatever it is asked to, every third time.
-class LogOnly : public Files {
+class LogOnly : public NoFiles {
  public:
   std::string log;
   // What may be moved to what: whole paths, or, below folders that go back, by their leaves.
@@ -62,18 +63,6 @@ class LogOnly : public Files {
   }
   std::optional<std::string> ReadWhole(const std::string&) override { return log; }
   bool Exists(const std::string&) override { return true; }
-  FileError Delete(const std::string&) override { return FileError::NotPermitted; }
-
-  std::unique_ptr<FolderListing> ListFolder(const std::string&, FileError*) override { return {}; }
-  std::optional<FileFacts> Facts(const std::string&) override { return {}; }
-  FileError Rename(const std::string&, const std::string&, const std::string&) override {
-    return FileError::Other;
-  }
-  FileError Copy(const std::string&, const std::string&) override { return FileError::Other; }
-  std::unique_ptr<AppendFile> OpenForAppend(const std::string&, std::string_view,
-                                            FileError*) override {
-    return {};
-  }
 };
 
 struct YesDialogs : Dialogs {

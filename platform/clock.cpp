@@ -44,4 +44,13 @@ Date SystemClock::Local(std::int64_t posixSeconds) {
   return UniversalDate(posixSeconds + offset_);
 }
 
+std::int64_t SystemClock::Posix(Date local) {
+  constexpr std::int64_t day = 86400;  // two changes are never as near
+  const std::int64_t wall = local.seconds - secondsToPosixEpoch;
+  const std::int64_t byRuleBefore = wall - OffsetAt(wall - day);
+  if (byRuleBefore + OffsetAt(byRuleBefore) == wall) return byRuleBefore;
+  const std::int64_t byRuleBehind = wall - OffsetAt(wall + day);
+  return byRuleBehind + OffsetAt(byRuleBehind) == wall ? byRuleBehind : byRuleBefore;
+}
+
 }  // namespace tallowbrook

@@ -15,6 +15,9 @@ class Clock {
   virtual Date Now() = 0;
   // The local date of a POSIX time, by the zone's rules of that moment.
   virtual Date Local(std::int64_t posixSeconds) = 0;
+  // The POSIX time of a local date, by the zone's rules of that date. Of an hour that comes twice
+  // the first is meant; one that a change leaves out counts as if the change came behind it.
+  virtual std::int64_t Posix(Date local) = 0;
 };
 
 // The first second of the year 100 and the last one of the year 9999, in POSIX seconds.
@@ -33,6 +36,7 @@ class SystemClock : public Clock {
   SystemClock();
   Date Now() override;
   Date Local(std::int64_t posixSeconds) override;
+  std::int64_t Posix(Date local) override;
 
  private:
   // Zone offsets change at whole quarters of an hour, at least since 1973: within one, an offset

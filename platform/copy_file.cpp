@@ -36,10 +36,12 @@ int WriteFully(int to, const char* bytes, std::size_t size, off_t at) {
   return 0;
 }
 
-// What the copying routines work on: two open files and the next place in both.
+// What the copying routines work on: two open files, how much further behind the bytes stand in the
+// second, and the next place in the first.
 struct CopyState {
   int from;
   int to;
+  off_t shift;
   off_t at = 0;
 };
 
@@ -52,7 +54,8 @@ int CopyThroughMemory(CopyState& state, off_t end) {
         pread(state.from, buffer.data(), static_cast<std::size_t>(wanted), state.at);
     if (got < 0 && errno == EINTR) continue;
     if (got <= 0) return got < 0 ? errno : 0;
-    const int error = WriteFully(state.to, buffer.data(), static_cast<std::size_t>(got), state.at);
+    const int error =
+        WriteFully(state.to, buffer.data(), static_cast<std::size_t>(got), state.at + state.shift);
     if (error != 0) return error;
     state.at += got;
   }
@@ -69,7 +72,7 @@ bool KernelCannotCopy(int error) {
 int CopyBytes(CopyState& state, off_t end) {
   while (state.at < end) {
     off_t readAt = state.at;
-    off_t writeAt = state.at;
+    off_t writeAt = state.at + state.shift;
     const auto wanted = static_cast<std::size_t>(std::min(end - state.at, kernelChunk));
     const ssize_t copied = copy_file_range(state.from, &readAt, state.to, &writeAt, wanted, 0);
     if (copied < 0 && errno == EINTR) continue;
@@ -88,24 +91,6 @@ off_t NextData(CopyState& state) {
   const off_t hole = lseek(state.from, data, SEEK_HOLE);
   state.at = data;
   return hole < 0 ? untilEnd : hole;
-}
-
-// All stretches of data; a hole at the end comes from setting the size. A file that says it is
-// empty is read to its end nevertheless: some file systems don't know their files' sizes. 0 or
-// errno.
-int CopyContents(int from, off_t size, int to) {
-  CopyState state{from, to};
-  if (size == 0) return CopyThroughMemory(state, untilEnd);
-  for (;;) {
-    const off_t end = NextData(state);
-    if (end == 0) break;
-    if (int error = CopyBytes(state, end); error != 0) return error;
-    if (state.at < end) return 0;  // the source's very end, or it was cut meanwhile
-  }
-  struct stat source, copy;
-  if (fstat(from, &source) != 0 || fstat(to, &copy) != 0) return errno;
-  if (copy.st_size >= source.st_size) return 0;
-  return ftruncate(to, source.st_size) == 0 ? 0 : errno;
 }
 
 // The file is our own; a refusal means that its file system keeps no such thing.
@@ -152,10 +137,35 @@ bool IsSameByAnotherView(const std::string& source, const std::string& target,
 
 }  // namespace
 
+// All stretches of data; a hole at the end comes from setting the size. A file that says it is
+// empty is read to its end nevertheless: some file systems don't know their files' sizes.
+int CopyContents(int from, off_t size, int to, off_t shift) {
+  CopyState state{from, to, shift};
+  if (size == 0) return CopyThroughMemory(state, untilEnd);
+  for (;;) {
+    const off_t end = NextData(state);
+    if (end == 0) break;
+    if (int error = CopyBytes(state, end); error != 0) return error;
+    if (state.at < end) return 0;  // the source's very end, or it was cut meanwhile
+  }
+  struct stat source, copy;
+  if (fstat(from, &source) != 0 || fstat(to, &copy) != 0) return errno;
+  const off_t wanted = source.st_size + shift;
+  if (copy.st_size >= wanted) return 0;
+  return ftruncate(to, wanted) == 0 ? 0 : errno;
+}
+
 bool IsUnchanged(const struct stat& now, const struct stat& before) {
   return now.st_dev == before.st_dev && now.st_ino == before.st_ino &&
          now.st_size == before.st_size && now.st_mtim.tv_sec == before.st_mtim.tv_sec &&
          now.st_mtim.tv_nsec == before.st_mtim.tv_nsec;
+}
+
+int CopyOwner(const struct stat& source, int to) {
+  const gid_t sameGroup = static_cast<gid_t>(-1);
+  const uid_t sameOwner = static_cast<uid_t>(-1);
+  if (fchown(to, sameOwner, source.st_gid) != 0 && !IsNotKept(errno)) return errno;
+  return fchown(to, source.st_uid, sameGroup) == 0 || IsNotKept(errno) ? 0 : errno;
 }
 
 int CopyPermissions(const struct stat& source, int to) {
@@ -167,7 +177,7 @@ FileError WriteCopy(int from, const struct stat& facts, const std::string& sourc
   TemporaryFile copy(target, O_WRONLY);
   if (!copy.IsOpen()) return FromErrno(errno);
   if (IsSameByAnotherView(source, target, copy.Name())) return FileError::SameFile;
-  int error = CopyContents(from, facts.st_size, copy.Number());
+  int error = CopyContents(from, facts.st_size, copy.Number(), 0);
   // Somebody wrote to it meanwhile: the copy may be of neither state.
   if (error == 0 && !IsAsBefore(from, facts)) error = EBUSY;
   if (error == 0) error = CopyAttributes(facts, copy.Number());

@@ -1,4 +1,4 @@
-// What we need of the file system: listing, facts, rename, copy, delete, appending.
+// What we need of the file system: listing, facts, rename, copy, delete, appending, bytes, times.
 //
 // Files is the one way to the disk. The program hands out SystemFiles; a test may wrap it in a
 // forwarding Files that fails a chosen call. Paths are bytes, "/" separates, a folder's path ends
@@ -9,6 +9,7 @@
 #include <functional>
 #include <memory>
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -60,6 +61,41 @@ class AppendFile {
   virtual bool IsAlone() = 0;
 };
 
+// What Open does with a file that is missing, and what the open file may be asked for.
+enum class FileAccess {
+  Read,
+  ReadOrCreate,   // a missing file is made, empty; one that exists may be read-only
+  WriteOrCreate,  // read and written; a missing file is made, empty
+};
+
+// An open regular file, read and written at any place. It is closed with its object.
+class RandomAccessFile {
+ public:
+  virtual ~RandomAccessFile() = default;
+  // In bytes, at the time of opening.
+  virtual std::int64_t Size() const = 0;
+  // Fills `bytes` from a place on; `got` tells how many there were before the file's end.
+  virtual FileError Read(std::int64_t at, std::span<char> bytes, std::size_t& got) = 0;
+  // Writes at a place, growing the file where it ends before.
+  virtual FileError Write(std::int64_t at, std::string_view bytes) = 0;
+};
+
+enum class FileTime { Created, Modified, Accessed };
+
+// All three in POSIX seconds; creation as in FileFacts.
+struct FileTimes {
+  std::int64_t created = 0;
+  std::int64_t modified = 0;
+  std::int64_t accessed = 0;
+};
+
+// A copy that is to take its original's place.
+struct PaddedCopy {
+  std::string path;
+  // Where it belongs: the original's path, links followed.
+  std::string original;
+};
+
 using FileEdit = std::function<std::string(std::string_view bytes)>;
 
 class Files {
@@ -107,6 +143,20 @@ class Files {
   virtual FileError Rewrite(const std::string& path, const FileEdit& edit) = 0;
   // The whole file. Nothing if it can't be read.
   virtual std::optional<std::string> ReadWhole(const std::string& path) = 0;
+
+  // Null, and *error set if given, for what isn't a regular file or can't be opened.
+  virtual std::unique_ptr<RandomAccessFile> Open(const std::string& path, FileAccess access,
+                                                 FileError* error = nullptr) = 0;
+  // Makes a hidden file of `padding` zero bytes and the file's bytes behind them, with the
+  // file's permissions and, where allowed, its owner, flushed to the medium. It lies where one
+  // rename brings it to the original's path: in the folder for temporary files if that is of the
+  // same mount, otherwise beside the original. On an error nothing is left of it.
+  virtual FileError CopyPadded(const std::string& path, std::int64_t padding, PaddedCopy& copy) = 0;
+  // The times that a file or folder had; `which`, if any, is then set to a full second, and the
+  // others keep their nanoseconds. The time of creation can't be set: that changes nothing, as a
+  // refusal by the system does. Nothing if it can't be opened for writing.
+  virtual std::optional<FileTimes> SetTime(const std::string& path, std::optional<FileTime> which,
+                                           std::int64_t posixSeconds) = 0;
 };
 
 // 1 to 255 bytes, not "." nor "..", no "/", no "?", no control character.
@@ -140,6 +190,11 @@ class SystemFiles : public Files {
                                             FileError* error) override;
   FileError Rewrite(const std::string& path, const FileEdit& edit) override;
   std::optional<std::string> ReadWhole(const std::string& path) override;
+  std::unique_ptr<RandomAccessFile> Open(const std::string& path, FileAccess access,
+                                         FileError* error) override;
+  FileError CopyPadded(const std::string& path, std::int64_t padding, PaddedCopy& copy) override;
+  std::optional<FileTimes> SetTime(const std::string& path, std::optional<FileTime> which,
+                                   std::int64_t posixSeconds) override;
 };
 
 }  // namespace tallowbrook

@@ -9,6 +9,7 @@
 #include <filesystem>
 #include <vector>
 
+#include "base/text.h"
 #include "platform/file_descriptor.h"
 #include "platform/files.h"
 #include "platform/temporary_name.h"
@@ -43,11 +44,15 @@ std::string DataHome(const std::string& xdgDataHome, const std::string& home) {
   return xdgDataHome.starts_with('/') ? xdgDataHome : JoinPath(home, ".local/share");
 }
 
+std::string ProgramPath() {
+  std::error_code ignored;
+  return std::filesystem::read_symlink("/proc/self/exe", ignored).string();
+}
+
 }  // namespace
 
 ProgramFolders FindProgramFolders() {
-  std::error_code ignored;
-  const std::string program = std::filesystem::read_symlink("/proc/self/exe", ignored).string();
+  const std::string program = ProgramPath();
   return ChooseFolders(program.substr(0, program.rfind('/') + 1), Environment("XDG_DATA_HOME"),
                        HomeFolder());
 }
@@ -62,6 +67,11 @@ ProgramFolders ChooseFolders(const std::string& program, const std::string& xdgD
   std::error_code ignored;  // whoever writes there finds out
   std::filesystem::create_directories(folders.data, ignored);
   return folders;
+}
+
+std::string ProgramName() {
+  const std::string path = ProgramPath();
+  return std::string(BaseNameOf(std::string_view(path).substr(path.rfind('/') + 1)));
 }
 
 std::string HomeFolder() {

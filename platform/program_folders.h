@@ -19,6 +19,9 @@ ProgramFolders FindProgramFolders();
 ProgramFolders ChooseFolders(const std::string& program, const std::string& xdgDataHome,
                              const std::string& home);
 
+// The name of the running program's file, without its extension.
+std::string ProgramName();
+
 // $HOME, else the password database's entry, else "/"; with "/" at the end.
 std::string HomeFolder();
 

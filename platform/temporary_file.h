@@ -37,6 +37,11 @@ class TemporaryFile {
   bool IsOpen() const { return file_.IsOpen(); }
   int Number() const { return file_.Number(); }
   const std::string& Name() const { return name_; }
+  // Its path; it stays there after its object's end.
+  const std::string& Keep() {
+    mustRemove_ = false;
+    return path_;
+  }
   // Each 0 or errno.
   int Close() { return file_.Close(); }
   int MoveOver(const std::string& target) {

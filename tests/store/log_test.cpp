@@ -125,7 +125,7 @@ TEST(LogFormat, BatchesNeedTheirEndAndTheirHeader) {
 }
 
 TEST_F(LogTest, ARunWithoutALogGoesOn) {
-  files.FailAt(FileCall::Open, 1, FileError::NotPermitted);
+  files.FailAt(FileCall::Append, 1, FileError::NotPermitted);
   RunBatch({aToB});
   EXPECT_FALSE(folder.Exists("Logfile.txt"));
 }

@@ -69,6 +69,7 @@ class FakeClock : public Clock {
   Date Local(std::int64_t posixSeconds) override {
     return Date{UniversalDate(posixSeconds).seconds + offset};
   }
+  std::int64_t Posix(Date local) override { return local.seconds - secondsToPosixEpoch - offset; }
 };
 
 // Gives the values of a list, over and over.

@@ -20,6 +20,28 @@ class FaultyAppendFile : public AppendFile {
   std::unique_ptr<AppendFile> file_;
 };
 
+class FaultyRandomAccessFile : public RandomAccessFile {
+ public:
+  FaultyRandomAccessFile(FaultyFiles& faults, std::string path,
+                         std::unique_ptr<RandomAccessFile> file)
+      : faults_(faults), path_(std::move(path)), file_(std::move(file)) {}
+  std::int64_t Size() const override { return file_->Size(); }
+  FileError Read(std::int64_t at, std::span<char> bytes, std::size_t& got) override {
+    got = 0;
+    const FileError error = faults_.Enter(FileCall::Read, path_);
+    return error != FileError::None ? error : file_->Read(at, bytes, got);
+  }
+  FileError Write(std::int64_t at, std::string_view bytes) override {
+    const FileError error = faults_.Enter(FileCall::WriteAt, path_);
+    return error != FileError::None ? error : file_->Write(at, bytes);
+  }
+
+ private:
+  FaultyFiles& faults_;
+  std::string path_;
+  std::unique_ptr<RandomAccessFile> file_;
+};
+
 }  // namespace
 
 FileError FaultyFiles::Enter(FileCall call, const std::string& path, const std::string& otherPath) {
@@ -68,7 +90,7 @@ FileError FaultyFiles::Delete(const std::string& path) {
 std::unique_ptr<AppendFile> FaultyFiles::OpenForAppend(const std::string& path,
                                                        std::string_view wholeEnds,
                                                        FileError* error) {
-  const FileError fault = Enter(FileCall::Open, path);
+  const FileError fault = Enter(FileCall::Append, path);
   if (fault == FileError::None) {
     auto file = files_.OpenForAppend(path, wholeEnds, error);
     if (file == nullptr) return nullptr;
@@ -76,6 +98,30 @@ std::unique_ptr<AppendFile> FaultyFiles::OpenForAppend(const std::string& path,
   }
   if (error != nullptr) *error = fault;
   return nullptr;
+}
+
+std::unique_ptr<RandomAccessFile> FaultyFiles::Open(const std::string& path, FileAccess access,
+                                                    FileError* error) {
+  const FileError fault = Enter(FileCall::Open, path);
+  if (fault == FileError::None) {
+    auto file = files_.Open(path, access, error);
+    if (file == nullptr) return nullptr;
+    return std::make_unique<FaultyRandomAccessFile>(*this, path, std::move(file));
+  }
+  if (error != nullptr) *error = fault;
+  return nullptr;
+}
+
+FileError FaultyFiles::CopyPadded(const std::string& path, std::int64_t padding, PaddedCopy& copy) {
+  const FileError fault = Enter(FileCall::CopyPadded, path);
+  return fault != FileError::None ? fault : files_.CopyPadded(path, padding, copy);
+}
+
+std::optional<FileTimes> FaultyFiles::SetTime(const std::string& path,
+                                              std::optional<FileTime> which,
+                                              std::int64_t posixSeconds) {
+  if (Enter(FileCall::SetTime, path) != FileError::None) return std::nullopt;
+  return files_.SetTime(path, which, posixSeconds);
 }
 
 }  // namespace tallowbrook

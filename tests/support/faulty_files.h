@@ -10,8 +10,22 @@
 
 namespace tallowbrook {
 
-// Write counts those of every AppendFile given out.
-enum class FileCall { List, Rename, Move, Copy, Delete, Open, Write, Rewrite };
+// Write counts those of every AppendFile given out; Read and WriteAt those of every file opened.
+enum class FileCall {
+  List,
+  Rename,
+  Move,
+  Copy,
+  Delete,
+  Append,
+  Write,
+  Rewrite,
+  Open,
+  Read,
+  WriteAt,
+  CopyPadded,
+  SetTime
+};
 
 // Outlives what it gives out. A failing call never reaches the real files.
 class FaultyFiles : public Files {
@@ -43,6 +57,11 @@ class FaultyFiles : public Files {
   std::optional<std::string> ReadWhole(const std::string& path) override {
     return files_.ReadWhole(path);
   }
+  std::unique_ptr<RandomAccessFile> Open(const std::string& path, FileAccess access,
+                                         FileError* error) override;
+  FileError CopyPadded(const std::string& path, std::int64_t padding, PaddedCopy& copy) override;
+  std::optional<FileTimes> SetTime(const std::string& path, std::optional<FileTime> which,
+                                   std::int64_t posixSeconds) override;
 
  private:
   struct Rule {
@@ -53,7 +72,7 @@ class FaultyFiles : public Files {
   };
 
   Files& files_;
-  std::array<int, 8> counts_{};
+  std::array<int, 13> counts_{};
   std::vector<Rule> rules_;
 };
 
