@@ -1,11 +1,14 @@
 // cMP3ID3v2: the version 2 tag of an MP3 file, as frames of text without their zero bytes.
 //
 // The reader is simple-minded on purpose: it decodes no encodings, skips no extended header, and
-// takes every size for a plain big-endian number. What it reads, Update writes back. Texts are UTF-8
-// in the properties, and bytes of Windows-1252 in the frames.
+// takes every size for a plain big-endian number. What it reads, Update writes back. Texts are
+// UTF-8 in the properties, and bytes of Windows-1252 in the frames.
 #pragma once
 
+#include <array>
 #include <cstdint>
+#include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -24,8 +27,8 @@ class cMP3ID3v2 {
   // reads as negative); the fields then hold what was read until there.
   void SetMP3File(std::string_view path);
   // Puts the frames into the file as a tag of version 2.3: over the old tag where it fits, else in
-  // front of a copy of the whole file that takes the file's place. Throws Failure; what stays behind
-  // then is told at each step in id3v2_writer.cpp.
+  // front of a copy of the whole file that takes the file's place. Throws Failure; what stays
+  // behind then is told at each step in id3v2_writer.cpp.
   void Update();
 
   bool HasID3v2Tag() const { return tagPosition_ >= 1; }
@@ -33,14 +36,16 @@ class cMP3ID3v2 {
   std::uint8_t ID3v2TagVersion() const { return version_; }
   std::uint8_t TagVersion() const { return version_; }
 
-  // The frames. Before the first load each throws Failure failureObjectNotSet.
+  // The frames; ids and texts are UTF-8 here too. Before the first load each throws Failure
+  // failureObjectNotSet.
   std::int32_t FrameCount() const;
   // By place, from 1; failureSubscript for another.
   std::string Frame(std::int32_t index) const;
-  // How many texts the frame has; 0 for an id that isn't there.
+  // How many texts the frame has; 0 for one that isn't there or lost its count.
   std::int32_t TagsInFrame(std::string_view id) const;
   std::int32_t TagsInFrame(std::int32_t index) const;
   // Adds one more text to a frame, which is made if it is missing. The fields stay as they are.
+  // failureInvalidArgument for a frame without a count.
   void AddTag(std::string_view id, std::string_view text);
   // Takes a frame with all its texts away; failureInvalidArgument if it isn't there.
   void RemoveFrame(std::string_view id);
@@ -50,51 +55,91 @@ class cMP3ID3v2 {
   void RemoveTag(std::string_view id, std::int32_t number);
 
   // Each setter stores the field and makes its text the frame's only one; the frame moves to the
-  // end.
-  const std::string& ArtistURL() const;
-  const std::string& BuyURL() const;
-  const std::string& AudioURL() const;
-  const std::string& Copyright() const;
-  const std::string& Composer() const;
-  const std::string& OriginalArtist() const;
-  const std::string& LinkTo() const;
-  const std::string& PlayCounter() const;
-  const std::string& EncodedBy() const;
-  const std::string& Title() const;
-  const std::string& Artist() const;
-  const std::string& Album() const;
-  const std::string& Year() const;
-  const std::string& Comment() const;
-  const std::string& Lyrics() const;
-  std::uint8_t Genre() const;
-  const std::string& OtherGenreName() const;
-  const std::string& Track() const;
-  void SetArtistURL(std::string_view text);
-  void SetBuyURL(std::string_view text);
-  void SetAudioURL(std::string_view text);
-  void SetCopyright(std::string_view text);
-  void SetComposer(std::string_view text);
-  void SetOriginalArtist(std::string_view text);
-  void SetLinkTo(std::string_view text);
-  void SetPlayCounter(std::string_view text);
-  void SetEncodedBy(std::string_view text);
-  void SetTitle(std::string_view text);
-  void SetArtist(std::string_view text);
-  void SetAlbum(std::string_view text);
-  void SetYear(std::string_view text);
-  void SetComment(std::string_view text);
-  void SetLyrics(std::string_view text);
+  // end. Before the first load it stores the field and throws Failure failureObjectNotSet.
+  const std::string& ArtistURL() const { return Text(Field::ArtistURL); }
+  const std::string& BuyURL() const { return Text(Field::BuyURL); }
+  const std::string& AudioURL() const { return Text(Field::AudioURL); }
+  const std::string& Copyright() const { return Text(Field::Copyright); }
+  const std::string& Composer() const { return Text(Field::Composer); }
+  const std::string& OriginalArtist() const { return Text(Field::OriginalArtist); }
+  const std::string& LinkTo() const { return Text(Field::LinkTo); }
+  const std::string& PlayCounter() const { return Text(Field::PlayCounter); }
+  const std::string& EncodedBy() const { return Text(Field::EncodedBy); }
+  const std::string& Title() const { return Text(Field::Title); }
+  const std::string& Artist() const { return Text(Field::Artist); }
+  const std::string& Album() const { return Text(Field::Album); }
+  const std::string& Year() const { return Text(Field::Year); }
+  const std::string& Comment() const { return Text(Field::Comment); }
+  const std::string& Lyrics() const { return Text(Field::Lyrics); }
+  std::uint8_t Genre() const { return genre_; }
+  const std::string& OtherGenreName() const { return otherGenreName_; }
+  const std::string& Track() const { return Text(Field::Track); }
+  void SetArtistURL(std::string_view text) { SetText(Field::ArtistURL, text); }
+  void SetBuyURL(std::string_view text) { SetText(Field::BuyURL, text); }
+  void SetAudioURL(std::string_view text) { SetText(Field::AudioURL, text); }
+  void SetCopyright(std::string_view text) { SetText(Field::Copyright, text); }
+  void SetComposer(std::string_view text) { SetText(Field::Composer, text); }
+  void SetOriginalArtist(std::string_view text) { SetText(Field::OriginalArtist, text); }
+  void SetLinkTo(std::string_view text) { SetText(Field::LinkTo, text); }
+  void SetPlayCounter(std::string_view text) { SetText(Field::PlayCounter, text); }
+  void SetEncodedBy(std::string_view text) { SetText(Field::EncodedBy, text); }
+  void SetTitle(std::string_view text) { SetText(Field::Title, text); }
+  void SetArtist(std::string_view text) { SetText(Field::Artist, text); }
+  void SetAlbum(std::string_view text) { SetText(Field::Album, text); }
+  void SetYear(std::string_view text) { SetText(Field::Year, text); }
+  void SetComment(std::string_view text) { SetText(Field::Comment, text); }
+  void SetLyrics(std::string_view text) { SetText(Field::Lyrics, text); }
   void SetGenre(std::uint8_t number);
   void SetOtherGenreName(std::string_view text);
-  void SetTrack(std::string_view text);
+  void SetTrack(std::string_view text) { SetText(Field::Track, text); }
 
   static std::string_view GenreName(std::uint8_t number);
 
  private:
+  // The properties that are a text of one frame; their frames are told in mp3_id3v2.cpp.
+  enum class Field {
+    ArtistURL,
+    BuyURL,
+    AudioURL,
+    Copyright,
+    Composer,
+    OriginalArtist,
+    LinkTo,
+    PlayCounter,
+    EncodedBy,
+    Title,
+    Artist,
+    Album,
+    Year,
+    Comment,
+    Lyrics,
+    Track,
+  };
+  static constexpr std::size_t fieldCount = 16;
+
+  std::string& Text(Field field) { return texts_[static_cast<std::size_t>(field)]; }
+  const std::string& Text(Field field) const { return texts_[static_cast<std::size_t>(field)]; }
+  void SetText(Field field, std::string_view text);
+  FrameStore& Store();
+  const FrameStore& Store() const;
+  void Reset();
+  // Of a frame as it was read; both are bytes.
+  void TakeFrame(std::string_view id, std::string_view text);
+  void TakeGenre(std::string_view text);
+  // Replaces all texts of a frame; both are bytes.
+  void ReplaceFrame(std::string_view id, std::string_view text);
+  void ReplaceGenreFrame();
+  // The file anew, with room for so many bytes at its front.
+  std::unique_ptr<RandomAccessFile> InsertPadding(std::int64_t count);
+
   Files& files_;
   std::string path_;
-  std::int32_t tagPosition_ = 0;  // from 1, directly behind "ID3"; 0 without a tag
+  std::int64_t tagPosition_ = 0;  // from 1, directly behind "ID3"; 0 without a tag
   std::uint8_t version_ = 0;
+  std::array<std::string, fieldCount> texts_;
+  std::uint8_t genre_ = 0;
+  std::string otherGenreName_;
+  std::optional<FrameStore> store_;  // none before the first load
 };
 
 }  // namespace tallowbrook
