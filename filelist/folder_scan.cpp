@@ -1,10 +1,9 @@
 #include "filelist/folder_scan.h"
 
-#include <charconv>
-
 #include "base/guards.h"
 #include "base/letter_case.h"
 #include "base/text.h"
+#include "media/exif_reader.h"
 
 namespace tallowbrook {
 
@@ -16,7 +15,6 @@ constexpr std::string_view stopCaption = "Stop Scan";
 constexpr std::string_view startCaption = "Start Scan";
 // What a folders view falls back to when its folder can't be opened.
 const std::string fallbackFolder = "/";
-constexpr int exifDateOriginal = 36867;
 constexpr std::size_t rowsBetweenYields = 10;
 constexpr std::ptrdiff_t longestShownPath = 70;
 
@@ -29,27 +27,6 @@ std::string WithoutSlash(std::string path) {
 
 std::string GetFileExtension(std::string_view name) {
   return std::string(ExtensionOf(name));
-}
-
-Date ParseExifDate(std::string_view text) {
-  const std::size_t blank = text.find(' ');
-  const std::vector<std::string_view> numbers = Split(text.substr(0, blank), ':');
-  if (numbers.size() < 3) return {};
-  std::string joined;
-  for (const std::size_t part : {1U, 2U, 0U}) {  // month, day, year
-    std::int16_t value = 0;
-    const std::string_view digits = numbers[part];
-    const char* end = digits.data() + digits.size();
-    const auto result = std::from_chars(digits.data(), end, value);
-    if (result.ec != std::errc() || result.ptr != end) return {};
-    joined.append(digits) += part == 0 ? ' ' : '/';
-  }
-  if (blank != std::string_view::npos) {
-    std::string_view time = text.substr(blank + 1);
-    time = time.substr(0, time.find(' '));
-    for (const char c : time) joined += c == '\0' ? ' ' : c;
-  }
-  return ParseDateText(joined).value_or(Date{});
 }
 
 bool FolderScan::SubfolderList::SetPath(Files& files, const std::string& folder) {
@@ -225,11 +202,13 @@ Date FolderScan::ListDate(const FileFacts& facts) {
 
 // A photo's own date, whichever file date the column shows; nothing for other files.
 std::optional<Date> FolderScan::ExifDate(std::string_view name, const std::string& directory) {
-  if (!world_.exif || ShowEXIFDateCreated != 1) return {};
+  if (ShowEXIFDateCreated != 1) return {};
   const std::string extension = ToUpper(ExtensionOf(name));
   if (extension != "JPEG" && extension != "JPG") return {};
-  const std::string text =
-      world_.exif->ReadExifTag(directory + std::string(name), exifDateOriginal);
+  std::string text;
+  Attempt([&] {
+    text = ReadExifTag(world_.files, directory + std::string(name), exif_tag::dateTimeOriginal);
+  });
   if (text.empty()) return {};
   return ParseExifDate(text);
 }

@@ -17,21 +17,13 @@
 
 namespace tallowbrook {
 
-// Reads one tag of a JPEG file, trimmed; empty without one. 36867 is the date of exposure.
-class ExifTags {
- public:
-  virtual ~ExifTags() = default;
-  virtual std::string ReadExifTag(const std::string& path, int tag) = 0;
-};
-
 // What the scan needs of the world.
 struct ScanWorld {
   Files& files;
   Clock& clock;
   PendingEvents& events;
   StatusBar& status;
-  std::string home = {};     // what "~" in a typed address stands for
-  ExifTags* exif = nullptr;  // without one, photos show their file dates
+  std::string home = {};  // what "~" in a typed address stands for
 };
 
 class FolderScan {
@@ -128,8 +120,6 @@ class FolderScan {
   SubfolderList Dir3_;  // completion
 };
 
-// "YYYY:MM:DD HH:MM:SS" with NUL bytes behind; the zero date for anything else.
-Date ParseExifDate(std::string_view text);
 // Behind the last dot; empty without one.
 std::string GetFileExtension(std::string_view name);
 

@@ -1,14 +1,14 @@
 // ExifReader: the EXIF entries of a JPEG file, from the first 7001 bytes of it.
 //
-// The layout is that of TIFF 6.0 within an APP1 segment (CIPA DC-008). Values come out as the rest of
-// the program wants them, which differs from the formats' own meaning in many places: see
+// The layout is that of TIFF 6.0 within an APP1 segment (CIPA DC-008). Values come out as the rest
+// of the program wants them, which differs from the formats' own meaning in many places: see
 // exif_reader.cpp.
 #pragma once
 
-#include <array>
 #include <cstdint>
 #include <string>
 #include <string_view>
+#include <unordered_map>
 #include <variant>
 #include <vector>
 
@@ -50,24 +50,46 @@ class ExifReader {
   ExifValue MakerNoteTag(std::int32_t number) const;
 
  private:
+  // One entry as it was found. Its value is made up when asked for: a head of directories that
+  // overlap would otherwise cost many times its bytes.
   struct TagRecord {
-    std::int32_t Tag = 0;
-    bool MakerNote = false;
     std::int32_t Format = 0;
     std::int32_t Components = 0;
-    std::int32_t Offset = 0;
-    ExifValue Value;
+    std::int32_t Offset = 0;  // of the value, from the TIFF start; 0 if it lies in the entry
+    std::int64_t at = 0;      // of the value, in the head
+    bool hasValue = false;
   };
 
+  void ReadHead();
+  void CheckHead();
+  void WalkDirectories(std::int64_t position);
+  void ReadEntry(std::int64_t at);
+  // Each throws failureSubscript outside of the head, Long failureOverflow beyond 31 bits.
+  unsigned Byte(std::int64_t at) const;
+  std::int32_t Short(std::int64_t at) const;
+  std::int32_t Long(std::int64_t at) const;
+
+  static bool ByOffset(const TagRecord& record);
+  void CheckValue(const TagRecord& record) const;
+  ExifValue ValueOf(const TagRecord& record) const;
+  ExifValue FarValue(const TagRecord& record) const;
+  ExifValue InlineValue(const TagRecord& record) const;
+  static std::int32_t AsNumber(const ExifValue& value);
+
   Files& files_;
-  std::vector<char> image_;
+  std::vector<char> image_;  // the head
   std::int32_t tiffStart_ = 0;
   bool littleEndian_ = false;
   bool loaded_ = false;
-  std::vector<TagRecord> records_;
+  std::int32_t exifIfd_ = 0;
+  // The first entry of each number, and how many there are of all.
+  std::unordered_map<std::int32_t, TagRecord> records_;
+  std::int32_t recordCount_ = 0;
 };
 
-// One tag of a file as text, without blanks at its ends; empty without one. Throws as Load does.
+// A value as text, without blanks at its ends; empty without one.
+std::string ExifText(const ExifValue& value);
+// One tag of a file as such text. Throws as Load does.
 std::string ReadExifTag(Files& files, const std::string& path, std::int32_t number);
 
 // "YYYY:MM:DD HH:MM:SS" with NUL bytes behind; the zero date for anything else.

@@ -49,17 +49,14 @@ class SystemRandomAccessFile : public RandomAccessFile {
   std::int64_t size_;
 };
 
-// A pipe without a writer would hold up a blocking open for ever.
-int FlagsOf(FileAccess access) {
-  constexpr int flags = O_NONBLOCK | O_NOCTTY | O_CLOEXEC;
-  switch (access) {
-    case FileAccess::ReadOrCreate:
-      return flags | O_RDONLY | O_CREAT;
-    case FileAccess::WriteOrCreate:
-      return flags | O_RDWR | O_CREAT;
-    default:
-      return flags | O_RDONLY;
-  }
+// A pipe without a writer would hold up a blocking open for ever. A file that exists is opened
+// without a word of creating, which some folders don't allow for the files of others.
+FileDescriptor OpenRegular(const std::string& path, FileAccess access) {
+  const int flags =
+      O_NONBLOCK | O_NOCTTY | O_CLOEXEC | (access == FileAccess::WriteOrCreate ? O_RDWR : O_RDONLY);
+  const int file = open(path.c_str(), flags);
+  if (file >= 0 || errno != ENOENT || access == FileAccess::Read) return FileDescriptor(file);
+  return FileDescriptor(open(path.c_str(), flags | O_CREAT, 0666));
 }
 
 FileError CheckRegular(int file, struct stat& facts) {
@@ -72,7 +69,7 @@ FileError CheckRegular(int file, struct stat& facts) {
 
 std::unique_ptr<RandomAccessFile> SystemFiles::Open(const std::string& path, FileAccess access,
                                                     FileError* error) {
-  FileDescriptor file(open(path.c_str(), FlagsOf(access), 0666));
+  FileDescriptor file = OpenRegular(path, access);
   struct stat facts;
   const FileError found = file.IsOpen() ? CheckRegular(file.Number(), facts) : FromErrno(errno);
   if (found == FileError::None) {
