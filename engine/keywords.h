@@ -1,0 +1,21 @@
+// The words that masks may hold: what the picker offers, what is coloured in a mask, and what is
+// taken out of a name that nothing was put in for.
+#pragma once
+
+#include <span>
+#include <string_view>
+
+namespace tallowbrook {
+
+struct Keyword {
+  std::string_view keyword;  // with its brackets
+  std::string_view description;
+};
+
+// Of the advanced mask, in their order. Case counts among them: "<exif_m>" is a month, "<exif_M>" a
+// minute. Those with commas are templates, whose "?" the user types over.
+std::span<const Keyword> AdvancedKeywords();
+// Of the tag mask: first those of version 1, then those of version 2. They have no descriptions.
+std::span<const Keyword> TagKeywords();
+
+}  // namespace tallowbrook
