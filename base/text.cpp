@@ -202,6 +202,14 @@ std::string_view BaseNameOf(std::string_view name) {
   return name.substr(0, LastDot(name));
 }
 
+std::size_t FindIgnoringCase(std::string_view text, std::string_view ascii) {
+  const auto lower = [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c | 0x20) : c; };
+  const auto found = std::search(text.begin(), text.end(), ascii.begin(), ascii.end(),
+                                 [&](char a, char b) { return lower(a) == lower(b); });
+  return found == text.end() ? std::string_view::npos
+                             : static_cast<std::size_t>(found - text.begin());
+}
+
 std::string ReplaceText(std::string_view text, std::string_view find, std::string_view replacement,
                         std::size_t limit, bool ignoreCase) {
   if (find.empty() || limit == 0) return std::string(text);

@@ -49,6 +49,9 @@ std::string_view ExtensionOf(std::string_view name);
 // Before the last dot; the whole name without one.
 std::string_view BaseNameOf(std::string_view name);
 
+// Where an ASCII text stands first, its letters in whatever case; npos if nowhere.
+std::size_t FindIgnoringCase(std::string_view text, std::string_view ascii);
+
 // Replaces up to `limit` occurrences from the left; what was put in is not searched again. An
 // empty `find` finds nothing. Matches begin and end between characters.
 std::string ReplaceText(std::string_view text, std::string_view find, std::string_view replacement,

@@ -49,8 +49,13 @@ std::int32_t NextCounter(std::int32_t counter, const RenameSettings& settings) {
 }
 
 NameBuilder::NameBuilder(RenameSettings& settings, RandomNumberPool& pool, Clock& clock,
-                         const DateNames& names)
-    : settings_(settings), pool_(pool), clock_(clock), names_(names) {}
+                         const DateNames& names, Files& files)
+    : settings_(settings),
+      pool_(pool),
+      clock_(clock),
+      names_(names),
+      keywordMask_(files, clock, names),
+      tagMask_(files) {}
 
 std::string NameBuilder::BuildNewName(std::string_view fileName, std::int32_t counter,
                                       std::string_view directory) {
@@ -63,8 +68,11 @@ std::string NameBuilder::BuildNewName(std::string_view fileName, std::int32_t co
     case PageReplace:
       return FindAndReplace(parts);
     case PageAdvanced:
-      return settings_.Option_ChangeFileDate.On() ? DateCommand() : std::string();
-    case PageTags:  // waits for the tag readers: without a name the rename fails and harms nothing
+      if (settings_.Option_ChangeFileDate.On()) return DateCommand();
+      return keywordMask_.ExpandKeywords(settings_.RTxt_Unique_Other.Value(), parts.base, fileName,
+                                         directory, parts.extension);
+    case PageTags:
+      return FromTags(parts);
     default:
       return {};
   }
@@ -196,6 +204,12 @@ std::string NameBuilder::DateCommand() const {
     command += ":" + s.Combo_AdvancedDate4.Value() + ":" + s.Combo_AdvancedDate5.Value();
   }
   return command + ">";
+}
+
+std::string NameBuilder::FromTags(const NameParts& parts) {
+  const TagMaskRules rules{.allInfoPresent = settings_.Check_AllInfoPresent.On(),
+                           .mp3Extension = settings_.Check_MP3Extension.On()};
+  return tagMask_.Compose(settings_.RTxt_ID3Name.Value(), rules, parts.directory, parts.fileName);
 }
 
 }  // namespace tallowbrook

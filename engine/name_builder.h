@@ -9,7 +9,9 @@
 #include <string>
 #include <string_view>
 
+#include "engine/keyword_mask.h"
 #include "engine/rename_settings.h"
+#include "engine/tag_mask.h"
 #include "engine/unique_parameter.h"
 #include "platform/regex.h"
 
@@ -21,7 +23,7 @@ inline constexpr std::string_view FailureMarker = "<0>";
 class NameBuilder {
  public:
   NameBuilder(RenameSettings& settings, RandomNumberPool& pool, Clock& clock,
-              const DateNames& names);
+              const DateNames& names, Files& files);
 
   // `fileName` with extension; `counter` the sum of the increments so far; `directory` with its
   // "/" at the end, empty for the sample. Returns a new name (maybe an empty or an invalid one), a
@@ -48,6 +50,7 @@ class NameBuilder {
   std::string ReplaceInText(std::string text);
   std::string ReplaceByPattern(std::string text);
   std::string DateCommand() const;
+  std::string FromTags(const NameParts& parts);
 
   std::string UniqueValue(std::int32_t counter);
   std::optional<std::string> NumberValue(std::int32_t counter);
@@ -61,6 +64,8 @@ class NameBuilder {
   RandomNumberPool& pool_;
   Clock& clock_;
   const DateNames& names_;
+  KeywordMask keywordMask_;
+  TagMask tagMask_;
 
   // The pattern compiled last; compiled again when the text or the case rule differs.
   std::optional<Regex> regex_;

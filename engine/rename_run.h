@@ -9,6 +9,7 @@
 #include <unordered_set>
 
 #include "base/status_bar.h"
+#include "engine/file_dates.h"
 #include "engine/name_builder.h"
 #include "engine/run_log.h"
 #include "filelist/folder_scan.h"
@@ -16,14 +17,6 @@
 #include "platform/files.h"
 
 namespace tallowbrook {
-
-// Sets a file's time from a date command; returns the former time in the same form, or an empty
-// text if nothing was done.
-class FileDates {
- public:
-  virtual ~FileDates() = default;
-  virtual std::string ProcessAttributes(const std::string& path, const std::string& command) = 0;
-};
 
 struct RunWorld {
   Files& files;

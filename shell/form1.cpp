@@ -11,11 +11,13 @@ Form1::Form1(const World& world)
       scan({world.files, world.clock, world.events, statusBar, world.home}, ListView1, pane),
       operations({world.files, world.dialogs, world.desktop, statusBar}, screen, ListView1, scan),
       pool(settings, ListView1, world.dialogs, world.clock, world.random),
-      names(settings, pool, world.clock, world.dateNames),
+      dates(world.files, world.clock),
+      names(settings, pool, world.clock, world.dateNames, world.files),
       preview(screen, settings, ListView1, names, pool, world.dialogs, world.events, statusBar),
       pages(screen, settings, pane, preview, world.dialogs, world.clock),
       log(world.files),
-      run({world.files, world.clock, statusBar, log}, settings, pane, ListView1, scan, names, pool),
+      run({world.files, world.clock, statusBar, log, &dates}, settings, pane, ListView1, scan,
+          names, pool),
       Apply(screen, {.name = "Cmd_Apply", .caption = "Apply"},
             {.name = "PushButton_Apply",
              .caption = "Apply",
@@ -141,7 +143,7 @@ void Form1::OpenManualRename() {
 void Form1::OpenHistoryWindow() {
   if (!showHistory) return;
   LogHistory history(
-      {world_.files, world_.dialogs, world_.events, nullptr, [this] { scan.RefillList(); }},
+      {world_.files, world_.dialogs, world_.events, &dates, [this] { scan.RefillList(); }},
       log.Path());
   showHistory(history);
 }

@@ -51,6 +51,7 @@ class Form1 {
   FolderScan scan;
   ListOperations operations;
   RandomNumberPool pool;
+  FileDateCommands dates;
   NameBuilder names;
   Preview preview;
   RenamePages pages;

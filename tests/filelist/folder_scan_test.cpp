@@ -2,6 +2,7 @@
 #include <gmock/gmock.h>
 
 #include "tests/support/engine_fixture.h"
+#include "tests/support/jpeg_bytes.h"
 
 namespace tallowbrook {
 namespace {
@@ -47,36 +48,21 @@ TEST_F(ScanTest, DatesFollowTheColumnsMode) {
 }
 
 TEST_F(ScanTest, PhotosShowTheirOwnDate) {
-  struct Exif : ExifTags {
-    std::string ReadExifTag(const std::string& path, int tag) override {
-      EXPECT_EQ(tag, 36867);
-      if (path.ends_with("a.jpg")) return "2011:07:08 09:10:11";
-      return path.ends_with("b.JPEG") ? "junk" : "";
-    }
-  } exif;
-  FolderScan photos{{files, clock, events, status, "/", &exif}, list, pane};
-  for (const char* name : {"a.jpg", "b.JPEG", "c.jpg", "d.txt"}) folder.Write(name);
-  photos.ScanFolder(folder.Path());
+  folder.Write("a.jpg", PhotoTakenAt("2011:07:08 09:10:11"));
+  folder.Write("b.JPEG", PhotoTakenAt("junk"));
+  folder.Write("c.jpg", "junk");
+  folder.Write("d.txt", PhotoTakenAt("2011:07:08 09:10:11"));
+  Scan();
+  EXPECT_EQ(files.Count(FileCall::Open), 3);
   EXPECT_EQ(list.Cell(1, Column::Date), "7/8/2011 9:10:11 AM");
   // An exposure date that can't be read is the zero date, not the file's.
   EXPECT_EQ(list.Row(2).shownDate, Date{});
-  EXPECT_EQ(list.Cell(3, Column::Date), photos.GetListDate(folder.Path("c.jpg")));
-  photos.ShowEXIFDateCreated = 0;
-  photos.ScanFolder(folder.Path());
-  EXPECT_EQ(list.Cell(1, Column::Date), photos.GetListDate(folder.Path("a.jpg")));
-}
-
-TEST(ExifDates, AreReadOrAreZero) {
-  // clang-format off
-  for (const auto& [text, expected] : std::vector<std::pair<std::string, std::string>>{
-      {"2011:07:08 09:10:11", "7/8/2011 9:10:11 AM"}, {"2011:07:08", "7/8/2011"},
-      {std::string("2011:07:08 09:10:11\0", 20), "7/8/2011 9:10:11 AM"},
-      {"2011:13:08 09:10:11", ""}, {"0000:00:00 00:00:00", ""}, {"    :  :     :  :  ", ""},
-      {"99999:01:01 00:00:00", ""}, {"2011:07:08 25:00:00", ""}, {"", ""}}) {
-    const Date date = ParseExifDate(text);
-    EXPECT_EQ(date == Date{} ? "" : GeneralDateText(date), expected) << text;
+  for (const std::size_t row : {3U, 4U}) {
+    EXPECT_EQ(list.Cell(row, Column::Date), scan.GetListDate(list.FullPath(row)));
   }
-  // clang-format on
+  scan.ShowEXIFDateCreated = 0;
+  Scan();
+  EXPECT_EQ(list.Cell(1, Column::Date), scan.GetListDate(folder.Path("a.jpg")));
 }
 
 TEST_F(ScanTest, TheFilterChoosesFilesButNotFolders) {

@@ -116,10 +116,11 @@ class EngineTest : public testing::Test {
   FolderScan scan{{files, clock, events, status, "/home/u/"}, list, pane};
   ListOperations operations{{files, dialogs, desktop, status}, screen, list, scan};
   RandomNumberPool pool{settings, list, dialogs, clock, random};
-  NameBuilder names{settings, pool, clock, EnglishDateNames()};
+  NameBuilder names{settings, pool, clock, EnglishDateNames(), files};
+  FileDateCommands fileDates{files, clock};
   Preview preview{screen, settings, list, names, pool, dialogs, events, status};
   RenamePages pages{screen, settings, pane, preview, dialogs, clock};
-  RenameRun run{{files, clock, status, log}, settings, pane, list, scan, names, pool};
+  RenameRun run{{files, clock, status, log, &fileDates}, settings, pane, list, scan, names, pool};
 };
 
 }  // namespace tallowbrook

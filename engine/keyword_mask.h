@@ -1,0 +1,38 @@
+// The advanced mask: a text whose keywords become facts of one file.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "base/date.h"
+#include "platform/clock.h"
+#include "platform/files.h"
+
+namespace tallowbrook {
+
+class KeywordMask {
+ public:
+  KeywordMask(Files& files, Clock& clock, const DateNames& names)
+      : files_(files), clock_(clock), names_(names) {}
+
+  // `fullName` is `baseName` with its extension, `folder` ends in "/" or is empty, as for the
+  // sample. One keyword after the other is replaced, and later ones find what earlier ones put in.
+  // Facts are read from the disk only if the mask asks for them. Never fails: a step that does is
+  // left out.
+  std::string ExpandKeywords(std::string mask, std::string_view baseName, std::string_view fullName,
+                             std::string_view folder, std::string_view extension);
+
+ private:
+  void ExpandPresentDate(std::string& mask);
+  void ExpandFileDates(std::string& mask, const std::string& path);
+  void ExpandExif(std::string& mask, const std::string& path);
+
+  Files& files_;
+  Clock& clock_;
+  const DateNames& names_;
+};
+
+// The last folder of a path; all of it if it has no "/".
+std::string_view LastFolderName(std::string_view folder);
+
+}  // namespace tallowbrook

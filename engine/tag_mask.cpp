@@ -1,0 +1,154 @@
+#include "engine/tag_mask.h"
+
+#include <span>
+
+#include "base/guards.h"
+#include "base/letter_case.h"
+#include "base/text.h"
+#include "engine/name_builder.h"
+
+namespace tallowbrook {
+namespace {
+
+constexpr std::string_view mp3Extension = ".mp3";
+
+// What stands for a keyword, and whether the file lacks it.
+template <typename Tag>
+struct TagKeyword {
+  std::string_view keyword;
+  std::string (*value)(const Tag&);
+  bool (*isMissing)(const Tag&);
+};
+
+using V1 = cMP3ID3v1;
+using V2 = cMP3ID3v2;
+
+template <auto field>
+std::string V1Text(const V1& tag) {
+  return tag.*field;
+}
+template <auto field>
+bool LacksV1Text(const V1& tag) {
+  return (tag.*field).empty();
+}
+template <auto property>
+std::string V2Text(const V2& tag) {
+  return (tag.*property)();
+}
+template <auto property>
+bool LacksV2Text(const V2& tag) {
+  return (tag.*property)().empty();
+}
+template <typename Tag>
+std::uint8_t GenreOf(const Tag& tag) {
+  if constexpr (requires { tag.Genre(); }) {
+    return tag.Genre();
+  } else {
+    return tag.Genre;
+  }
+}
+template <typename Tag>
+std::string GenreNumber(const Tag& tag) {
+  return std::to_string(GenreOf(tag));
+}
+template <typename Tag>
+std::string NameOfGenre(const Tag& tag) {
+  return std::string(Tag::GenreName(GenreOf(tag)));
+}
+template <typename Tag>
+bool LacksGenreName(const Tag& tag) {
+  return NameOfGenre(tag).empty();
+}
+
+// In the order in which they are replaced. Genre 0 is a genre of version 1, but a missing one of
+// version 2; a track is a number in the one and a text in the other. All that is wanted.
+// clang-format off
+constexpr TagKeyword<V1> v1Keywords[] = {
+    {"<v1Album>", V1Text<&V1::Album>, LacksV1Text<&V1::Album>},
+    {"<v1Artist>", V1Text<&V1::Artist>, LacksV1Text<&V1::Artist>},
+    {"<v1Comment>", V1Text<&V1::Comment>, LacksV1Text<&V1::Comment>},
+    {"<v1Genre>", GenreNumber<V1>, [](const V1&) { return false; }},
+    {"<v1GenreName>", NameOfGenre<V1>, LacksGenreName<V1>},
+    {"<v1Title>", V1Text<&V1::Title>, LacksV1Text<&V1::Title>},
+    {"<v1Track>", [](const V1& tag) { return std::to_string(tag.Track); }, [](const V1& tag) { return tag.Track == 0; }},
+    {"<v1Year>", V1Text<&V1::Year>, LacksV1Text<&V1::Year>},
+};
+constexpr TagKeyword<V2> v2Keywords[] = {
+    {"<v2Album>", V2Text<&V2::Album>, LacksV2Text<&V2::Album>},
+    {"<v2Artist>", V2Text<&V2::Artist>, LacksV2Text<&V2::Artist>},
+    {"<v2Comment>", V2Text<&V2::Comment>, LacksV2Text<&V2::Comment>},
+    {"<v2Composer>", V2Text<&V2::Composer>, LacksV2Text<&V2::Composer>},
+    {"<v2Copyright>", V2Text<&V2::Copyright>, LacksV2Text<&V2::Copyright>},
+    {"<v2EncodedBy>", V2Text<&V2::EncodedBy>, LacksV2Text<&V2::EncodedBy>},
+    {"<v2Genre>", GenreNumber<V2>, [](const V2& tag) { return tag.Genre() == 0; }},
+    {"<v2GenreName>", NameOfGenre<V2>, LacksGenreName<V2>},
+    {"<v2LinkTo>", V2Text<&V2::LinkTo>, LacksV2Text<&V2::LinkTo>},
+    {"<v2OriginalArtist>", V2Text<&V2::OriginalArtist>, LacksV2Text<&V2::OriginalArtist>},
+    {"<v2Title>", V2Text<&V2::Title>, LacksV2Text<&V2::Title>},
+    {"<v2Track>", V2Text<&V2::Track>, LacksV2Text<&V2::Track>},
+    {"<v2Year>", V2Text<&V2::Year>, LacksV2Text<&V2::Year>},
+};
+// clang-format on
+
+bool Holds(std::string_view text, std::string_view ascii) {
+  return FindIgnoringCase(text, ascii) != std::string_view::npos;
+}
+
+// True if a field that the text asks for is missing.
+template <typename Tag>
+bool Fill(std::string& text, const Tag& tag, std::span<const TagKeyword<Tag>> keywords) {
+  bool missing = false;
+  for (const TagKeyword<Tag>& row : keywords) {
+    missing = missing || (Holds(text, row.keyword) && row.isMissing(tag));
+  }
+  for (const TagKeyword<Tag>& row : keywords) {
+    if (!Holds(text, row.keyword)) continue;
+    text = ReplaceText(text, row.keyword, row.value(tag), std::string::npos, true);
+  }
+  return missing;
+}
+
+bool IsMp3Name(std::string_view name) {
+  return name.size() >= mp3Extension.size() &&
+         EqualIgnoringCase(name.substr(name.size() - mp3Extension.size()), mp3Extension);
+}
+
+std::string Refusal(std::string_view reason) {
+  return std::string(FailureMarker).append(reason);
+}
+
+}  // namespace
+
+std::string TagMask::Compose(const std::string& mask, TagMaskRules rules,
+                             std::string_view directory, std::string_view fileName) {
+  if (!IsMp3Name(fileName)) return Refusal("Not an MP3 File");
+  const std::string path = std::string(directory).append(fileName);
+  std::string text = mask;
+  bool missing = false;
+  // What version 1 put in is searched for the keywords of version 2.
+  if (Holds(mask, "<v1")) {
+    Attempt([&] { v1_.SetMP3File(path); });
+    if (v1_.HasID3v1Tag()) {
+      missing = Fill<V1>(text, v1_, v1Keywords);
+    } else {
+      text = Refusal("ID3v1 tag not found");
+    }
+  }
+  if (Holds(mask, "<v2")) {
+    Attempt([&] { v2_.SetMP3File(path); });
+    if (v2_.HasID3v2Tag()) {
+      missing = Fill<V2>(text, v2_, v2Keywords) || missing;
+    } else {
+      text = Refusal("ID3v2 tag not found");
+    }
+  }
+  if (rules.allInfoPresent && (missing || Holds(text, "<v1") || Holds(text, "<v2"))) {
+    text = Refusal("(missing information)");
+  }
+  if (rules.mp3Extension && !text.starts_with(FailureMarker) && !IsMp3Name(text)) {
+    text += mp3Extension;
+  }
+  return text;
+}
+
+}  // namespace tallowbrook

@@ -1,0 +1,34 @@
+// The tag mask: a text whose keywords become fields of an MP3 file's two tags. It is the one mode
+// that may refuse a file.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "media/mp3_id3v1.h"
+#include "media/mp3_id3v2.h"
+#include "platform/files.h"
+
+namespace tallowbrook {
+
+struct TagMaskRules {
+  bool allInfoPresent;  // refuses a file that lacks a field which the mask uses
+  bool mp3Extension;    // puts ".mp3" behind a name that doesn't end in it
+};
+
+class TagMask {
+ public:
+  explicit TagMask(Files& files) : v1_(files), v2_(files) {}
+
+  // The name that the mask gives to a file, or FailureMarker and why there is none. Keywords are
+  // found in whatever case; texts of the tags go in as they are. Each tag is read only if the mask
+  // asks for it. A tag that can't be read counts as missing.
+  std::string Compose(const std::string& mask, TagMaskRules rules, std::string_view directory,
+                      std::string_view fileName);
+
+ private:
+  cMP3ID3v1 v1_;
+  cMP3ID3v2 v2_;
+};
+
+}  // namespace tallowbrook

@@ -1,0 +1,77 @@
+// Photos built byte by byte: a start marker, an APP1 segment, and directories in it.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+namespace tallowbrook {
+
+enum class ByteOrder { Little, Big };
+
+inline std::string Number(ByteOrder order, std::uint32_t value, int size) {
+  std::string bytes;
+  for (int i = 0; i < size; ++i) {
+    const int place = order == ByteOrder::Little ? i : size - 1 - i;
+    bytes += static_cast<char>(value >> (8 * place) & 0xFF);
+  }
+  return bytes;
+}
+
+// Up to four bytes of data stand in the entry, filled up with zeros; more stand behind the
+// directory.
+struct ExifEntry {
+  std::uint32_t tag;
+  std::uint32_t format;
+  std::uint32_t components;
+  std::string data;
+};
+using ExifEntries = std::vector<ExifEntry>;
+
+// A directory that stands `at` bytes behind the TIFF start.
+inline std::string Directory(ByteOrder order, const ExifEntries& entries, std::size_t at,
+                             std::uint32_t next) {
+  std::string directory = Number(order, static_cast<std::uint32_t>(entries.size()), 2);
+  std::string behind;
+  const std::size_t end = at + 2 + 12 * entries.size() + 4;
+  for (const ExifEntry& entry : entries) {
+    directory += Number(order, entry.tag, 2) + Number(order, entry.format, 2) +
+                 Number(order, entry.components, 4);
+    if (entry.data.size() > 4) {
+      directory += Number(order, static_cast<std::uint32_t>(end + behind.size()), 4);
+      behind += entry.data;
+    } else {
+      directory += entry.data + std::string(4 - entry.data.size(), '\0');
+    }
+  }
+  return directory + Number(order, next, 4) + behind;
+}
+
+// Around what stands behind the TIFF header of 8 bytes.
+inline std::string Jpeg(ByteOrder order, const std::string& directories) {
+  const std::string tiff = (order == ByteOrder::Little ? "II" : "MM") + Number(order, 42, 2) +
+                           Number(order, 8, 4) + directories;
+  const auto length = static_cast<std::uint32_t>(tiff.size() + 8);
+  return "\xFF\xD8\xFF\xE1" + Number(ByteOrder::Big, length, 2) + std::string("Exif\0\0", 6) + tiff;
+}
+
+// A main directory of `main` and a pointer to the Exif directory.
+inline std::string Photo(ByteOrder order, ExifEntries main, const ExifEntries& exif) {
+  main.push_back({34665, 4, 1, Number(order, 0, 4)});
+  const std::size_t exifAt = 8 + Directory(order, main, 8, 0).size();
+  main.back().data = Number(order, static_cast<std::uint32_t>(exifAt), 4);
+  return Jpeg(order, Directory(order, main, 8, 0) + Directory(order, exif, exifAt, 0));
+}
+
+// A photo as a camera writes it, taken at "YYYY:MM:DD HH:MM:SS".
+inline std::string PhotoTakenAt(const std::string& date, ByteOrder order = ByteOrder::Little) {
+  const auto ratio = [&](std::uint32_t value) {
+    return Number(order, value, 4) + Number(order, 1, 4);
+  };
+  return Photo(order, {{282, 5, 1, ratio(72)}, {283, 5, 1, ratio(300)}},
+               {{36867, 2, static_cast<std::uint32_t>(date.size() + 1), date + '\0'},
+                {40962, 3, 1, Number(order, 4000, 2)},
+                {40963, 4, 1, Number(order, 3000, 4)}});
+}
+
+}  // namespace tallowbrook
