@@ -32,7 +32,11 @@ struct Program {
   Form1 form{
       {files, clock, random, dialogs, events, desktop, EnglishDateNames(), {data, data}, data}};
 
-  Program() { form.Load(); }
+  // Photos are listed by their file dates: most jobs' photos are empty files.
+  Program() {
+    form.Load();
+    form.scan.ShowEXIFDateCreated = 0;
+  }
   // `fileCount` empty files, and nothing else.
   void FillAnew() {
     EmptyFolder(folder);

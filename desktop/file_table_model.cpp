@@ -3,6 +3,7 @@
 #include <QColor>
 #include <algorithm>
 
+#include "base/text.h"
 #include "desktop/text.h"
 
 namespace tallowbrook {
@@ -65,7 +66,10 @@ QVariant FileTableModel::data(const QModelIndex& index, int role) const {
 }
 
 QVariant FileTableModel::TextOf(std::size_t number, Column column) const {
-  return VisibleText(list_.Cell(number, column));
+  // A mask may have made a name of megabytes: no file can bear it, and no cell has to paint it.
+  constexpr std::ptrdiff_t mostCharacters = 1000;
+  const std::string text = list_.Cell(number, column);
+  return VisibleText(*LeftCharacters(text, mostCharacters));
 }
 
 QVariant FileTableModel::ToolTipOf(std::size_t number, Column column) const {

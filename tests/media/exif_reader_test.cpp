@@ -74,11 +74,11 @@ TEST_F(ExifTest, DirectoriesAreWalkedInOneOrder) {
     return ExifEntry{number, 2, 4, value};
   };
   // Main, chained, Exif; the first of a number hides the others, and GPS isn't followed.
-  ExifEntries main{tag(1, "main"), {34853, 4, 1, Number(Big, 8, 4)}, {34665, 4, 1, ""}};
+  ExifEntries main{tag(1, "main"), {34853, 4, 1, Bytes(Big, 8, 4)}, {34665, 4, 1, ""}};
   const std::size_t second = 8 + Directory(Big, main, 8, 0).size();
   const std::string chained = Directory(Big, {tag(1, "late"), tag(2, "next")}, second, 0);
   const auto third = static_cast<std::uint32_t>(second + chained.size());
-  main[2].data = Number(Big, third, 4);
+  main[2].data = Bytes(Big, third, 4);
   const auto chainedTo = [&](std::uint32_t next) {
     return Directory(Big, main, 8, static_cast<std::uint32_t>(second)) +
            Directory(Big, {tag(1, "late"), tag(2, "next")}, second, next) +
@@ -146,9 +146,9 @@ TEST_F(ExifTest, OverlappingDirectoriesCostLittle) {
   std::string cells;
   for (std::uint32_t i = 0; i < 400; ++i) {
     const bool isPointer = i >= 200;
-    cells += Number(Big, 200, 2) + Number(Big, isPointer ? 0 : 1, 2) +
-             Number(Big, isPointer ? 8 + 12 * (i - 199) : 1, 2) + Number(Big, 4000, 4) +
-             Number(Big, 0, 2);
+    cells += Bytes(Big, 200, 2) + Bytes(Big, isPointer ? 0 : 1, 2) +
+             Bytes(Big, isPointer ? 8 + 12 * (i - 199) : 1, 2) + Bytes(Big, 4000, 4) +
+             Bytes(Big, 0, 2);
   }
   ExifReader reader(files);
   reader.Load(folder.Write("p.jpg", Jpeg(Big, cells)));

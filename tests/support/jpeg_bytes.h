@@ -9,7 +9,7 @@ namespace tallowbrook {
 
 enum class ByteOrder { Little, Big };
 
-inline std::string Number(ByteOrder order, std::uint32_t value, int size) {
+inline std::string Bytes(ByteOrder order, std::uint32_t value, int size) {
   std::string bytes;
   for (int i = 0; i < size; ++i) {
     const int place = order == ByteOrder::Little ? i : size - 1 - i;
@@ -31,47 +31,47 @@ using ExifEntries = std::vector<ExifEntry>;
 // A directory that stands `at` bytes behind the TIFF start.
 inline std::string Directory(ByteOrder order, const ExifEntries& entries, std::size_t at,
                              std::uint32_t next) {
-  std::string directory = Number(order, static_cast<std::uint32_t>(entries.size()), 2);
+  std::string directory = Bytes(order, static_cast<std::uint32_t>(entries.size()), 2);
   std::string behind;
   const std::size_t end = at + 2 + 12 * entries.size() + 4;
   for (const ExifEntry& entry : entries) {
-    directory += Number(order, entry.tag, 2) + Number(order, entry.format, 2) +
-                 Number(order, entry.components, 4);
+    directory += Bytes(order, entry.tag, 2) + Bytes(order, entry.format, 2) +
+                 Bytes(order, entry.components, 4);
     if (entry.data.size() > 4) {
-      directory += Number(order, static_cast<std::uint32_t>(end + behind.size()), 4);
+      directory += Bytes(order, static_cast<std::uint32_t>(end + behind.size()), 4);
       behind += entry.data;
     } else {
       directory += entry.data + std::string(4 - entry.data.size(), '\0');
     }
   }
-  return directory + Number(order, next, 4) + behind;
+  return directory + Bytes(order, next, 4) + behind;
 }
 
 // Around what stands behind the TIFF header of 8 bytes.
 inline std::string Jpeg(ByteOrder order, const std::string& directories) {
-  const std::string tiff = (order == ByteOrder::Little ? "II" : "MM") + Number(order, 42, 2) +
-                           Number(order, 8, 4) + directories;
+  const std::string tiff = (order == ByteOrder::Little ? "II" : "MM") + Bytes(order, 42, 2) +
+                           Bytes(order, 8, 4) + directories;
   const auto length = static_cast<std::uint32_t>(tiff.size() + 8);
-  return "\xFF\xD8\xFF\xE1" + Number(ByteOrder::Big, length, 2) + std::string("Exif\0\0", 6) + tiff;
+  return "\xFF\xD8\xFF\xE1" + Bytes(ByteOrder::Big, length, 2) + std::string("Exif\0\0", 6) + tiff;
 }
 
 // A main directory of `main` and a pointer to the Exif directory.
 inline std::string Photo(ByteOrder order, ExifEntries main, const ExifEntries& exif) {
-  main.push_back({34665, 4, 1, Number(order, 0, 4)});
+  main.push_back({34665, 4, 1, Bytes(order, 0, 4)});
   const std::size_t exifAt = 8 + Directory(order, main, 8, 0).size();
-  main.back().data = Number(order, static_cast<std::uint32_t>(exifAt), 4);
+  main.back().data = Bytes(order, static_cast<std::uint32_t>(exifAt), 4);
   return Jpeg(order, Directory(order, main, 8, 0) + Directory(order, exif, exifAt, 0));
 }
 
 // A photo as a camera writes it, taken at "YYYY:MM:DD HH:MM:SS".
 inline std::string PhotoTakenAt(const std::string& date, ByteOrder order = ByteOrder::Little) {
   const auto ratio = [&](std::uint32_t value) {
-    return Number(order, value, 4) + Number(order, 1, 4);
+    return Bytes(order, value, 4) + Bytes(order, 1, 4);
   };
   return Photo(order, {{282, 5, 1, ratio(72)}, {283, 5, 1, ratio(300)}},
                {{36867, 2, static_cast<std::uint32_t>(date.size() + 1), date + '\0'},
-                {40962, 3, 1, Number(order, 4000, 2)},
-                {40963, 4, 1, Number(order, 3000, 4)}});
+                {40962, 3, 1, Bytes(order, 4000, 2)},
+                {40963, 4, 1, Bytes(order, 3000, 4)}});
 }
 
 }  // namespace tallowbrook

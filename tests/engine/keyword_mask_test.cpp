@@ -1,0 +1,104 @@
+// The advanced mask over real files: every keyword, the order of replacing, and what stays.
+#include "engine/keyword_mask.h"
+
+#include "tests/support/engine_fixture.h"
+#include "tests/support/jpeg_bytes.h"
+
+namespace tallowbrook {
+namespace {
+
+class KeywordMaskTest : public EngineTest {
+ protected:
+  KeywordMaskTest() { Set("TabIndex=3"); }
+
+  std::string Expand(const std::string& mask, std::string_view fileName) {
+    Set("RTxt_Unique_Other", mask);
+    return names.BuildNewName(fileName, 0, folder.Path());
+  }
+};
+
+TEST_F(KeywordMaskTest, KeywordsBecomeFactsOfTheFile) {
+  folder.Write("a.b.txt");
+  folder.SetTime("a.b.txt", 951782400);  // 29 February 2000, 00:00:00
+  clock.offset = 3600;
+  const std::string name = folder.Path().substr(0, folder.Path().size() - 1);
+  const std::string created = FormatDate(UniversalDate(disk.Facts(folder.Path("a.b.txt"))->created),
+                                         "d dd m mm yy yyyy", EnglishDateNames());
+  folder.Write("p.JPG", PhotoTakenAt("2011:07:08 09:00:11"));
+  folder.Write("none.jpeg");
+  struct Row {
+    std::string file, mask, expected;
+  };
+  // clang-format off
+  const Row rows[] = {
+      {"a.b.txt", "<folder>|<filename>|<fullfilename>|<ext>", name.substr(name.rfind('/') + 1) + "|a.b|a.b.txt|txt"},
+      {"a.b.txt", "<d> <dd> <m> <mm> <yy> <yyyy>", "29 29 2 02 24 2024"},
+      {"a.b.txt", "<fcd> <fcdd> <fcm> <fcmm> <fcyy> <fcyyyy>", created},
+      {"a.b.txt", "<fmd> <fmdd> <fmm> <fmmm> <fmyy> <fmyyyy>", "29 29 2 02 00 2000"},
+      {"p.JPG", "<exif_d> <exif_dd> <exif_m> <exif_mm> <exif_yy> <exif_yyyy>", "8 08 7 07 11 2011"},
+      {"p.JPG", "<exif_h> <exif_hh> <exif_M> <exif_MM> <exif_s> <exif_ss>", "9 09 0 00 11 11"},
+      {"p.JPG", "<exif_width>x<exif_height> <exif_xres> <exif_yres>", "4000x3000 72 300"},
+      {"none.jpeg", "<exif_d>.<exif_mm>.<exif_yyyy> <exif_yy> <exif_h><exif_width>", "30.12.1899 99 0"},
+      {"a.b.txt", "<exif_d><exif_width>-", "-"}, {"p.JPG", "<exif_D>", "<exif_D>"},
+      // Without a file its dates are the present one.
+      {"gone.txt", "<fcd>.<fmmm>.<fcyyyy>", "29.02.2024"},
+      {"a.b.txt", "no keyword", "no keyword"}, {"a.b.txt", "<FILENAME> <xyz>", "<FILENAME> <xyz>"},
+      {"abcdef.x", "<left,3>|<LEFT,2>|<right,2>|<mid,2,3>|<mid,5,9>|<mid,9,1>", "abc|ab|ef|bcd|ef|"},
+      {"\xC3\xA4\xE2\x82\xAC.x", "<left,1><right,1><mid,2,1>", "\xC3\xA4\xE2\x82\xAC\xE2\x82\xAC"},
+      {"ab.x", "<left,3>|<left,2.5>|<left, 1 >|<left,1,x>", "ab|ab|a|a"},
+      // What is no number takes the length before it, or none.
+      {"abc.x", "<left,x><left,2>", "<left,x><left,2>"}, {"abc.x", "<left,2><left,x>", "abab"},
+      {"abc.x", "<left,0>-<left,2>", "<left,0>-<left,2>"}, {"abc.x", "<left,-1>", "<left,-1>"}, {"abc.x", "<left,3", "<left,3"},
+      {"abc.x", "<mid,0,1>-<mid,1,1>", "<mid,0,1>-<mid,1,1>"}, {"abc.x", "<mid,1>|<mid,1,-1>", "<mid,1>|<mid,1,-1>"},
+      {"abc.x", "<mid,?,?>-<left,?>-<right,?>", "--"},
+      // One after the other, so that a file's name can bring keywords in; functions don't nest.
+      {"<ext>-<yy>.x", "<filename>", "x-24"}, {"<filename>.x", "<ext><filename>", "x"},
+      {"abc.x", "<left,<ext>>", "<left,x>"}, {"<left,2>.x", "<filename>", "<l"},
+  };
+  // clang-format on
+  for (const Row& row : rows) EXPECT_EQ(Expand(row.mask, row.file), row.expected) << row.mask;
+  EXPECT_FALSE(folder.Exists("gone.txt"));
+}
+
+TEST_F(KeywordMaskTest, FunctionsAreReplacedInTwentySixPasses) {
+  std::string mask, expected;
+  for (int n = 1; n <= 28; ++n) {
+    const std::string token = "<left," + std::to_string(n) + ">";
+    mask += token + token;
+    const std::string cut = std::string("abcdefghijklmnopqrstuvwxyz0123").substr(0, std::size_t(n));
+    expected += n <= 26 ? cut + cut : token + token;
+  }
+  EXPECT_EQ(Expand(mask, "abcdefghijklmnopqrstuvwxyz0123.x"), expected);
+}
+
+TEST_F(KeywordMaskTest, APhotoIsReadOnceAndOnlyIfAskedFor) {
+  folder.Write("p.jpg", PhotoTakenAt("2011:07:08 09:10:11"));
+  Expand("<filename>-<yyyy>.<ext>", "p.jpg");
+  EXPECT_EQ(files.Count(FileCall::Open), 0);
+  EXPECT_EQ(Expand("<exif_yyyy><exif_mm><exif_dd>_<exif_width><exif_xres>", "p.jpg"),
+            "20110708_400072");
+  EXPECT_EQ(files.Count(FileCall::Open), 1);
+  EXPECT_EQ(files.Count(FileCall::Read), 1);
+  // The sample has no folder.
+  Set("RTxt_Unique_Other", "<folder>-<fullfilename>-<fmyyyy>");
+  EXPECT_EQ(preview.BuildSampleFileName(), "<foldername>-filename.abc-2024");
+}
+
+TEST(Created, ShowsUniversalTimeInTextOfTwoDigitYears) {
+  TemporaryFolder folder;
+  SystemFiles files;
+  const auto text = [](DateFields fields) {
+    FileFacts facts;
+    facts.created = MakeDate(fields)->seconds - secondsToPosixEpoch;
+    return CreatedText(facts, EnglishDateNames());
+  };
+  EXPECT_EQ(text({2024, 2, 9, 15, 7, 9}), "Feb 09 24 15:07:09");
+  EXPECT_EQ(text({1899, 12, 30, 0, 0, 0}), "(no date)");
+  EXPECT_EQ(GetFileCreated(files, folder.Path("gone"), EnglishDateNames()), "");
+  EXPECT_EQ(LastFolderName("/a/b c/"), "b c");
+  EXPECT_EQ(LastFolderName("alone"), "alone");
+  EXPECT_EQ(LastFolderName("/"), "");
+}
+
+}  // namespace
+}  // namespace tallowbrook
