@@ -48,7 +48,12 @@ TEST_F(SystemClockTest, FollowsTheZonesRulesOfEachMoment) {
   for (const auto& [zone, universal, local] : rows) {
     SetZone(zone);
     EXPECT_EQ(Text(SystemClock().Local(Posix(universal))), local) << zone;
+    EXPECT_EQ(Text(SystemClock().Local(SystemClock().Posix(*ParseDateText(local)))), local) << zone;
   }
+  // Of an hour that comes twice the first one; one that doesn't come is counted by the rule before.
+  SetZone("CET-1CEST,M3.5.0,M10.5.0/3");
+  EXPECT_EQ(SystemClock().Posix(*ParseDateText("10/30/2005 2:30")), Posix("10/30/2005 0:30"));
+  EXPECT_EQ(SystemClock().Posix(*ParseDateText("3/27/2005 2:30")), Posix("3/27/2005 1:30"));
 }
 
 // One clock, asked for moments forth and back over the changes.
