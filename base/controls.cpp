@@ -12,6 +12,8 @@
 #include <optional>
 #include <utility>
 
+#include "base/text.h"
+
 namespace tallowbrook {
 namespace {
 
@@ -108,6 +110,36 @@ void Text::Set(std::string_view text) {
 bool Text::SetValueText(std::string_view text) {
   Set(text);
   return true;
+}
+
+void MaskText::Set(std::string_view text) {
+  if (text != Value()) Type(text, start_);
+}
+
+// The keywords of the old text go with it: the rule finds those of the new one.
+void MaskText::Type(std::string_view text, std::size_t caret) {
+  if (text == Value()) return Select(caret, 0);
+  start_ = std::min(caret, CountCharacters(text));
+  length_ = 0;
+  keywords_.clear();
+  Text::Set(text);
+}
+
+void MaskText::Select(std::size_t start, std::size_t length) {
+  const std::size_t end = CountCharacters(Value());
+  start = std::min(start, end);
+  length = std::min(length, end - start);
+  if (start == start_ && length == length_) return;
+  start_ = start;
+  length_ = length;
+  LookChanged();
+  if (caretMoved) caretMoved();
+}
+
+void MaskText::SetKeywords(std::vector<ColourSpan> keywords) {
+  if (keywords_ == keywords) return;
+  keywords_ = std::move(keywords);
+  LookChanged();
 }
 
 void TextWithItems::SetItems(std::vector<std::string> items) {

@@ -21,6 +21,7 @@ class Screen;
 enum class ControlKind {
   Tick,      // a check box: 0 or 1
   Text,      // a line of free text
+  Mask,      // a line of free text with coloured keywords and a selection
   List,      // one of fixed items, by index from 0; -1 for none
   FreeList,  // free text over a list of proposals
   History,   // free text over the texts used before, newest first
@@ -123,7 +124,7 @@ class Text : public Control {
        ControlKind kind = ControlKind::Text)
       : Control(screen, kind, facts), text_(text) {}
   const std::string& Value() const { return text_; }
-  void Set(std::string_view text);
+  virtual void Set(std::string_view text);
   std::string ValueText() const override { return text_; }
   bool SetValueText(std::string_view text) override;
 
@@ -133,6 +134,45 @@ class Text : public Control {
 
  private:
   std::string text_;
+};
+
+// Counted in characters from 0.
+struct ColourSpan {
+  std::size_t start;
+  std::size_t length;
+  bool operator==(const ColourSpan&) const = default;
+};
+
+// A text that knows the editor's caret and selection, and which stretches of it are keywords. All
+// else is plain. Places are in characters from 0.
+class MaskText : public Text {
+ public:
+  MaskText(Screen& screen, const ControlFacts& facts, std::string_view text = {})
+      : Text(screen, facts, text, ControlKind::Mask) {}
+
+  // Nothing is selected afterwards; the caret stays where it is, as far as the text goes.
+  void Set(std::string_view text) override;
+  // What the user has typed, and where the caret is behind it.
+  void Type(std::string_view text, std::size_t caret);
+
+  // The caret, or the start of the selection; never behind the text's end.
+  std::size_t SelStart() const { return start_; }
+  std::size_t SelLength() const { return length_; }
+  // What lies behind the text's end is left out.
+  void Select(std::size_t start, std::size_t length);
+
+  const std::vector<ColourSpan>& Keywords() const { return keywords_; }
+  void SetKeywords(std::vector<ColourSpan> keywords);
+
+  // Runs when the caret or the selection has moved, whoever moved it.
+  std::function<void()> caretMoved;
+  // Runs when a key that was pressed in the editor is released in it.
+  std::function<void(bool isEnter)> keyReleased;
+
+ private:
+  std::size_t start_ = 0;
+  std::size_t length_ = 0;
+  std::vector<ColourSpan> keywords_;
 };
 
 class TextWithItems : public Text {

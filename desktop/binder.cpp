@@ -10,6 +10,7 @@
 #include <QPushButton>
 #include <QRadioButton>
 
+#include "desktop/mask_edit.h"
 #include "desktop/quiet_combo.h"
 #include "desktop/spin_arrows.h"
 #include "desktop/text.h"
@@ -39,6 +40,12 @@ QCheckBox* Binder::Add(Tick& tick, QWidget* parent, char accessKey) {
 QLineEdit* Binder::Add(Text& text, QWidget* parent) {
   auto* edit = new QLineEdit(parent);
   Keep(text, new TextBinding(text, *edit));
+  return edit;
+}
+
+MaskEdit* Binder::Add(MaskText& mask, QWidget* parent) {
+  auto* edit = new MaskEdit(parent);
+  Keep(mask, new MaskBinding(mask, *edit));
   return edit;
 }
 

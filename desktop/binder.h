@@ -15,6 +15,8 @@ class QButtonGroup;
 
 namespace tallowbrook {
 
+class MaskEdit;
+
 // Screen and Binder may end in either order. Widgets end with their parents; those that outlive the
 // binder no longer reach their controls.
 class Binder {
@@ -28,6 +30,7 @@ class Binder {
   // name. `accessKey` is a letter of the caption in lower case.
   QCheckBox* Add(Tick& tick, QWidget* parent, char accessKey = 0);
   QLineEdit* Add(Text& text, QWidget* parent);
+  MaskEdit* Add(MaskText& mask, QWidget* parent);
   // The line of the text, with the arrows of `spin` in it.
   QLineEdit* Add(Text& text, Spin& spin, QWidget* parent);
   QComboBox* Add(TextWithItems& text, QWidget* parent);

@@ -6,6 +6,8 @@
 #include <QPalette>
 #include <QStyleFactory>
 #include <QVBoxLayout>
+#include <algorithm>
+#include <cmath>
 
 namespace tallowbrook {
 
@@ -102,7 +104,35 @@ QPalette LightPalette() {
   return palette;
 }
 
+// Relative luminance, WCAG 2.
+double Luminance(const QColor& colour) {
+  const auto linear = [](double part) {
+    return part <= 0.04045 ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4);
+  };
+  return 0.2126 * linear(colour.redF()) + 0.7152 * linear(colour.greenF()) +
+         0.0722 * linear(colour.blueF());
+}
+
+double Contrast(const QColor& a, const QColor& b) {
+  const auto [darker, lighter] = std::minmax({Luminance(a), Luminance(b)});
+  return (lighter + 0.05) / (darker + 0.05);
+}
+
 }  // namespace
+
+QColor KeywordColour(const QColor& ground) {
+  constexpr double legible = 4.5;
+  constexpr int steps = 20;
+  const auto isLegible = [&](const QColor& colour) { return Contrast(colour, ground) >= legible; };
+  for (int step = 0; step < steps; ++step) {
+    const int whiter = 255 * step / steps;
+    if (const QColor colour(whiter, whiter, 255); isLegible(colour)) return colour;
+  }
+  for (int step = 0; step < steps; ++step) {
+    if (const QColor colour(0, 0, 255 - 255 * step / steps); isLegible(colour)) return colour;
+  }
+  return Luminance(ground) < 0.18 ? Qt::white : Qt::black;
+}
 
 void ApplyLook(QApplication& application) {
   QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));

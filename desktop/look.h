@@ -2,7 +2,10 @@
 // keeps.
 #pragma once
 
+#include <QPoint>
+
 class QApplication;
+class QColor;
 class QLineEdit;
 class QWidget;
 class QString;
@@ -12,10 +15,16 @@ namespace tallowbrook {
 
 inline constexpr int margin = 8;
 inline constexpr int spacing = 6;
+// From the corner of the main window to that of a dialog over it: 1000 twips.
+inline constexpr QPoint windowOffset(67, 67);
 
 void ApplyLook(QApplication& application);
 // The program's icon, from the images beside the executable.
 QIcon ProgramIcon();
+
+// The blue of keywords in a mask on such a ground, or the shade nearest to it that is legible
+// there: a contrast of 4.5 as of WCAG 2.
+QColor KeywordColour(const QColor& ground);
 
 // A line just wide enough for some digits.
 void FitDigits(QLineEdit* edit, int digits);

@@ -13,6 +13,7 @@
 #include "desktop/copy_move.h"
 #include "desktop/folder_area.h"
 #include "desktop/history_window.h"
+#include "desktop/keyword_picker_window.h"
 #include "desktop/list_area.h"
 #include "desktop/look.h"
 #include "desktop/manual_rename_dialog.h"
@@ -58,6 +59,7 @@ MainWindow::MainWindow(Form1& form, Files& files, const std::string& home)
 MainWindow::~MainWindow() {
   form_.showManualRename = nullptr;
   form_.showHistory = nullptr;
+  form_.showKeywordPicker = nullptr;
   form_.unload = nullptr;
   form_.blinker.started = nullptr;
   // The regions hold references to the binder.
@@ -104,6 +106,10 @@ QLayout* MainWindow::MakeButtons() {
 void MainWindow::WireForm() {
   form_.showManualRename = [this](ManualRename& model) { ManualRenameDialog(model, this).exec(); };
   form_.showHistory = [this](LogHistory& model) { HistoryWindow(model, this).exec(); };
+  form_.showKeywordPicker = [this](KeywordPicker& model) {
+    if (!picker_) picker_ = new KeywordPickerWindow(model, this);
+    picker_->Open();
+  };
   form_.unload = [this] { Unload(); };
   auto* timer = new QTimer(this);
   timer->setInterval(Blinker::intervalMilliseconds);
@@ -118,6 +124,7 @@ void MainWindow::WireForm() {
 void MainWindow::Unload() {
   unloaded_ = true;
   QTimer::singleShot(0, this, [this] {
+    if (picker_) picker_->close();
     close();
     QCoreApplication::quit();
   });

@@ -13,6 +13,8 @@ class QSplitter;
 
 namespace tallowbrook {
 
+class KeywordPickerWindow;
+
 class MainWindow : public QMainWindow {
  public:
   // `files` and `home` are what the folder tree shows. `form` must outlive the window.
@@ -37,6 +39,7 @@ class MainWindow : public QMainWindow {
   Binder binder_;
   QSplitter* splitter_ = nullptr;
   std::unique_ptr<StatusPanes> status_;
+  KeywordPickerWindow* picker_ = nullptr;  // once it was asked for
   bool unloaded_ = false;
 };
 

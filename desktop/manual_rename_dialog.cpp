@@ -10,10 +10,6 @@
 
 namespace tallowbrook {
 
-namespace {
-constexpr int offset = 67;  // 1000 twips
-}
-
 ManualRenameDialog::ManualRenameDialog(ManualRename& model, QWidget* over)
     : QDialog(over), model_(model), binder_(model.screen) {
   setObjectName(QStringLiteral("frmRenameFile"));
@@ -42,7 +38,7 @@ ManualRenameDialog::ManualRenameDialog(ManualRename& model, QWidget* over)
   model.close = [this] { accept(); };
   newName->setFocus();
   newName->selectAll();
-  move(over->frameGeometry().topLeft() + QPoint(offset, offset));
+  move(over->frameGeometry().topLeft() + windowOffset);
 }
 
 ManualRenameDialog::~ManualRenameDialog() {

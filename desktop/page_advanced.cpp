@@ -5,11 +5,12 @@
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QLabel>
-#include <QLineEdit>
+#include <QPushButton>
 #include <QRadioButton>
 #include <QVBoxLayout>
 
 #include "desktop/look.h"
+#include "desktop/mask_edit.h"
 #include "desktop/pages.h"
 #include "desktop/text.h"
 
@@ -37,8 +38,11 @@ QGroupBox* MakeMaskPanel(Form1& form, Binder& binder, QWidget* page) {
   auto* column = new QVBoxLayout(panel);
   column->setContentsMargins(margin, margin, margin, margin);
   column->setSpacing(spacing);
-  QLineEdit* mask = binder.Add(form.settings.RTxt_Unique_Other, panel);
-  column->addWidget(mask);
+  auto* row = new QHBoxLayout;
+  row->setSpacing(spacing);
+  row->addWidget(binder.Add(form.settings.RTxt_Unique_Other, panel), 1);
+  row->addWidget(binder.Add(form.pages.InsertKeyword1.styled, panel, 'k'));
+  column->addLayout(row);
   QLabel* example = binder.Add(form.pages.Label_AdvancedExample, panel);
   example->setForegroundRole(QPalette::PlaceholderText);
   column->addWidget(example);

@@ -1,46 +1,16 @@
 // Page "ID3v1 / ID3v2": the tag mask and what is to become of files that lack a tag.
 #include <QCheckBox>
 #include <QGroupBox>
-#include <QKeyEvent>
 #include <QLabel>
-#include <QLineEdit>
+#include <QPushButton>
 #include <QVBoxLayout>
-#include <utility>
 
 #include "desktop/look.h"
+#include "desktop/mask_edit.h"
 #include "desktop/pages.h"
 #include "desktop/text.h"
 
 namespace tallowbrook {
-
-namespace {
-
-// Tells the pages of each key that was pressed and is released in the mask. A key that is held
-// counts once, and the Enter that closed a box over the mask doesn't.
-class MaskKeys : public QObject {
- public:
-  MaskKeys(RenamePages& pages, QObject* parent) : QObject(parent), pages_(pages) {}
-
- protected:
-  bool eventFilter(QObject*, QEvent* event) override {
-    if (event->type() != QEvent::KeyPress && event->type() != QEvent::KeyRelease) return false;
-    const auto& keyEvent = static_cast<const QKeyEvent&>(*event);
-    if (keyEvent.isAutoRepeat()) return false;
-    const int key = keyEvent.key();
-    if (event->type() == QEvent::KeyPress) {
-      pressed_ = key;
-    } else if (std::exchange(pressed_, 0) == key) {
-      pages_.TagMaskKeyReleased(key == Qt::Key_Return || key == Qt::Key_Enter);
-    }
-    return false;
-  }
-
- private:
-  RenamePages& pages_;
-  int pressed_ = 0;
-};
-
-}  // namespace
 
 QWidget* MakeTagsPage(Form1& form, Binder& binder, QWidget* parent) {
   RenameSettings& s = form.settings;
@@ -54,11 +24,14 @@ QWidget* MakeTagsPage(Form1& form, Binder& binder, QWidget* parent) {
   column->setContentsMargins(margin, margin, margin, margin);
   column->setSpacing(spacing);
 
-  QLineEdit* mask = binder.Add(s.RTxt_ID3Name, panel);
-  mask->installEventFilter(new MaskKeys(form.pages, mask));
+  auto* row = new QHBoxLayout;
+  row->setSpacing(spacing);
+  row->addWidget(binder.Add(s.RTxt_ID3Name, panel), 1);
+  row->addWidget(binder.Add(form.pages.InsertKeyword.styled, panel, 'k'));
+  row->addWidget(binder.Add(form.pages.EditID3.styled, panel, 'g'));
   QLabel* example = binder.Add(form.pages.Label_ID3Example, panel);
   example->setForegroundRole(QPalette::PlaceholderText);
-  column->addWidget(mask);
+  column->addLayout(row);
   column->addWidget(example);
   column->addSpacing(spacing);
   column->addWidget(binder.Add(s.Check_AllInfoPresent, panel, 'r'));

@@ -3,6 +3,7 @@
 #include <initializer_list>
 
 #include "base/letter_case.h"
+#include "engine/mask_highlighting.h"
 
 namespace tallowbrook {
 
@@ -44,6 +45,18 @@ RenamePages::RenamePages(Screen& screen, RenameSettings& settings, ListPane& pan
                         {.name = "PushButton_ClearComboBoxName",
                          .caption = "Clear History",
                          .tip = "Clear filename history"}),
+      InsertKeyword(screen, {.name = "Cmd_InsertKeyword", .caption = "Insert Keyword"},
+                    {.name = "PushButton_InsertKeyword",
+                     .caption = "Insert Keyword",
+                     .tip = "Pick a keyword from a list"}),
+      InsertKeyword1(screen, {.name = "Cmd_InsertKeyword1", .caption = "Insert Keyword"},
+                     {.name = "PushButton_InsertKeyword1",
+                      .caption = "Insert Keyword",
+                      .tip = "Pick a keyword from a list"}),
+      EditID3(screen, {.name = "Cmd_EditID3", .caption = "Edit ID3 Tag"},
+              {.name = "PushButton_EditID3",
+               .caption = "Edit ID3 Tag",
+               .tip = "Show and change the tags of the highlighted file"}),
       unique(screen, settings, dialogs, clock, [this] { RefreshSampleFileName(); }),
       screen_(screen),
       settings_(settings),
@@ -53,6 +66,7 @@ RenamePages::RenamePages(Screen& screen, RenameSettings& settings, ListPane& pan
   WirePanelRules();
   WireOptions();
   WireSampleRefresh();
+  WireMasks();
   ClearComboBox.Does([this] { ClearFindReplaceHistory(); });
   ClearComboBoxName.Does([this] { ClearFilenameHistory(); });
 }
@@ -110,9 +124,22 @@ void RenamePages::WireSampleRefresh() {
   for (Control* field : std::initializer_list<Control*>{
            &s.Text_Prefix, &s.Check_UniqueFirst, &s.Text_Seperator, &s.Text_UniqueMask,
            &s.Combo_UniqueDate0, &s.Combo_UniqueDate1, &s.Combo_UniqueDate2, &s.Text_UniqueDate1,
-           &s.Text_UniqueDate2, &s.Text_Suffix, &s.Text_Extension, &s.RTxt_Unique_Other}) {
+           &s.Text_UniqueDate2, &s.Text_Suffix, &s.Text_Extension}) {
     field->rule = [this] { RefreshSampleFileName(); };
   }
+}
+
+// The rules colour a text that came from elsewhere than a key; the caret isn't theirs to note.
+void RenamePages::WireMasks() {
+  MaskText& tags = settings_.RTxt_ID3Name;
+  MaskText& other = settings_.RTxt_Unique_Other;
+  tags.rule = [&tags] { tags.SetKeywords(FindKeywords(tags.Value(), TagKeywords())); };
+  other.rule = [this, &other] {
+    other.SetKeywords(FindKeywords(other.Value(), AdvancedKeywords()));
+    RefreshSampleFileName();
+  };
+  tags.keyReleased = [this](bool isEnter) { TagMaskKeyReleased(isEnter); };
+  other.keyReleased = [this](bool) { MaskKeyReleased(); };
 }
 
 void RenamePages::ShowForm(const List& form, Text& field, std::string_view sample) {
@@ -159,7 +186,13 @@ void RenamePages::ClearFilenameHistory() {
   settings_.Combo_OriginalName.ClearItems();
 }
 
+void RenamePages::MaskKeyReleased() {
+  SyntaxHighlighting(settings_.RTxt_Unique_Other, AdvancedKeywords(), KeywordCaret);
+  RefreshSampleFileName();
+}
+
 void RenamePages::TagMaskKeyReleased(bool isEnter) {
+  SyntaxHighlighting(settings_.RTxt_ID3Name, TagKeywords(), KeywordCaret);
   if (isEnter) preview_.PreviewFiles();
 }
 

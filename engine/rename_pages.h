@@ -39,7 +39,14 @@ class RenamePages {
   ButtonPair BrowseMoveTo;  // Cmd_BrowseMoveTo, PushButton_Browse
   ButtonPair ClearComboBox;
   ButtonPair ClearComboBoxName;
+  ButtonPair InsertKeyword;   // Cmd_InsertKeyword, PushButton_InsertKeyword: into the tag mask
+  ButtonPair InsertKeyword1;  // Cmd_InsertKeyword1, PushButton_InsertKeyword1: into the other one
+  ButtonPair EditID3;         // Cmd_EditID3, PushButton_EditID3
   UniquePanel unique;
+
+  // Where in a mask the next keyword of the picker goes, in characters from 0. A key released in
+  // either mask sets it, whichever the picker serves: this is wanted.
+  std::size_t KeywordCaret = 0;
 
   // Fills the item lists and sets the defaults. Prefix, suffix, keyword masks, search texts,
   // options, several ticks, the date picker, the move target and all histories stay as they are.
@@ -49,8 +56,10 @@ class RenamePages {
   void UpdateMoveControls();
   void ClearFindReplaceHistory();
   void ClearFilenameHistory();
-  // A key released in RTxt_ID3Name: Enter previews.
+  // A key released in RTxt_ID3Name: colours, and Enter previews.
   void TagMaskKeyReleased(bool isEnter);
+  // The same in RTxt_Unique_Other: colours and brings the sample up to date.
+  void MaskKeyReleased();
   // Puts the focus and the panels of a page in place; `index` as of TabIndex.
   void ShowTabPage(int index);
 
@@ -58,6 +67,7 @@ class RenamePages {
   void WirePanelRules();
   void WireOptions();
   void WireSampleRefresh();
+  void WireMasks();
   // A box that decides whether another field takes input.
   void Governs(Tick& box, Control& field);
   // Shows in `field` what the form does to a name; it takes typing for FormCustom alone.

@@ -97,7 +97,7 @@ struct RenameSettings {
   Option Option_Search3;
 
   // Page "ID3v1 / ID3v2"
-  Text RTxt_ID3Name;
+  MaskText RTxt_ID3Name;
   Tick Check_AllInfoPresent;
   Tick Check_MP3Extension;
 
@@ -106,7 +106,7 @@ struct RenameSettings {
   Tick Check_MoveEnable;
   Text Txt_MoveTo;
   // Page "Advanced": the mask
-  Text RTxt_Unique_Other;
+  MaskText RTxt_Unique_Other;
   Option Option_ChangeFileName;
   Option Option_ChangeFileDate;
   // 1 while Option_ChangeFileDate is chosen: what a profile stores of the two options.

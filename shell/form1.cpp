@@ -32,6 +32,7 @@ Form1::Form1(const World& world)
             .tip = "Show what was renamed, and undo it"}),
       Exit(screen, {.name = "Cmd_Exit", .caption = "Exit"},
            {.name = "PushButton_Exit", .caption = "Exit"}),
+      picker(settings, pages.KeywordCaret),
       world_(world) {
   WireButtons();
 }
@@ -42,6 +43,9 @@ void Form1::WireButtons() {
   Undo.Does([this] { OpenHistoryWindow(); });
   operations.OpenManualRename = [this] { OpenManualRename(); };
   Exit.Does([this] { ExitProgram(); });
+  pages.InsertKeyword.Does([this] { OpenKeywordPicker(1); });
+  pages.InsertKeyword1.Does([this] { OpenKeywordPicker(2); });
+  pages.EditID3.Does([this] { operations.OpenTagEditorForSelection(); });
   run.updateMoveControls = [this] { pages.UpdateMoveControls(); };
   preview.ended = [this] { return ExitDone; };
   preview.thumbnailMode = [this] { return scan.ThumbnailMode; };
@@ -146,6 +150,11 @@ void Form1::OpenHistoryWindow() {
       {world_.files, world_.dialogs, world_.events, &dates, [this] { scan.RefillList(); }},
       log.Path());
   showHistory(history);
+}
+
+void Form1::OpenKeywordPicker(int target) {
+  picker.Open(target);
+  if (showKeywordPicker) showKeywordPicker(picker);
 }
 
 // Nothing is stored yet: every start is a first one and shows the user's own folder.

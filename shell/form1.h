@@ -19,6 +19,7 @@
 #include "filelist/list_operations.h"
 #include "platform/program_folders.h"
 #include "shell/blinker.h"
+#include "shell/keyword_picker.h"
 #include "shell/manual_rename.h"
 #include "store/log_file.h"
 #include "store/log_history.h"
@@ -77,6 +78,7 @@ class Form1 {
   int WindowLeft = 1;
   Blinker blinker;
   std::size_t ManualRenameRow = 0;
+  KeywordPicker picker;
 
   // Form_Load: everything from the panes to the first scan. Called once, before the window shows.
   void Load();
@@ -94,10 +96,15 @@ class Form1 {
   void OpenManualRename();
   // Opens the history of all runs, and its undo.
   void OpenHistoryWindow();
+  // Opens the keyword picker for the mask of a page, or turns the one that is open to it: 1
+  // RTxt_ID3Name, 2 RTxt_Unique_Other.
+  void OpenKeywordPicker(int target);
 
-  // Set by the window: each shows a dialog until it closes; the last closes the main window.
+  // Set by the window: each shows a dialog until it closes, but the picker's comes back at once;
+  // the last closes the main window.
   std::function<void(ManualRename&)> showManualRename;
   std::function<void(LogHistory&)> showHistory;
+  std::function<void(KeywordPicker&)> showKeywordPicker;
   std::function<void()> unload;
 
  private:
