@@ -1,6 +1,7 @@
 #include "tour/hands.h"
 
 #include <QLineEdit>
+#include <QPlainTextEdit>
 #include <QStyle>
 #include <QTest>
 #include <stdexcept>
@@ -33,10 +34,11 @@ void Hands::Click(const char* name) const {
 
 void Hands::Type(const char* name, const QString& text) const {
   QWidget* widget = Find(name);
-  auto* edit = qobject_cast<QLineEdit*>(widget);
+  QWidget* edit = qobject_cast<QPlainTextEdit*>(widget);
+  if (!edit) edit = qobject_cast<QLineEdit*>(widget);
   if (!edit) edit = widget->findChild<QLineEdit*>();
   if (!edit) throw std::runtime_error(std::string("takes no text: ") + name);
-  QTest::mouseClick(edit, Qt::LeftButton);
+  edit->setFocus(Qt::MouseFocusReason);
   QTest::keyClick(edit, Qt::Key_A, Qt::ControlModifier);
   QTest::keyClick(edit, Qt::Key_Delete);
   QTest::keyClicks(edit, text);

@@ -17,7 +17,7 @@
 #include "platform/random.h"
 #include "shell/form1.h"
 #include "tour/sample_files.h"
-#include "tour/tour.h"
+#include "tour/steps.h"
 
 namespace {
 
@@ -54,12 +54,16 @@ void Run(const QString& pictures) {
   MainWindow window(form, files, samples.Home());
   form.Load();
   window.show();
-  Tour(form, window, samples, pictures).Run();
+  Steps steps(form, window, samples, pictures);
+  steps.Begin();
+  NamesChapter(steps);
+  MediaChapter(steps);
 }
 
 }  // namespace
 
 int main(int argc, char** argv) {
+  qputenv("TZ", "UTC");  // what an undo of dates gives back is in universal time
   if (qEnvironmentVariableIsEmpty("DISPLAY") && qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY") &&
       qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) {
     qputenv("QT_QPA_PLATFORM", "offscreen");

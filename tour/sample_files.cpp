@@ -8,6 +8,7 @@
 #include <stdexcept>
 
 #include "base/text.h"
+#include "tour/media_samples.h"
 
 namespace tallowbrook {
 
@@ -47,10 +48,13 @@ SampleFiles::SampleFiles() {
   root_ = root.string() + "/";
   fs::create_directories(Photos());
   fs::create_directories(Home() + "Documents");
-  fs::create_directories(Home() + "Music");
+  fs::create_directories(Music());
+  fs::create_directories(Camera());
   fs::create_directories(Data());
   std::size_t size = 700;
   for (const std::string& name : names) Write(Photos() + name, size += size / 2);
+  MakeSongs(Music());
+  MakePictures(Camera());
 }
 
 SampleFiles::~SampleFiles() {
@@ -58,22 +62,21 @@ SampleFiles::~SampleFiles() {
   fs::remove_all(root_, ignored);
 }
 
-std::vector<std::string> SampleFiles::Names() const {
+std::vector<std::string> NamesIn(const std::string& folder) {
   std::vector<std::string> found;
-  for (const fs::directory_entry& entry : fs::directory_iterator(Photos())) {
+  for (const fs::directory_entry& entry : fs::directory_iterator(folder)) {
     found.push_back(entry.path().filename().string());
   }
   std::ranges::sort(found);
   return found;
 }
 
-SampleFiles::State SampleFiles::Photographed() const {
-  State state;
-  for (const std::string& name : Names()) {
-    std::ifstream file(Photos() + name, std::ios::binary);
+FolderState Photographed(const std::string& folder) {
+  FolderState state;
+  for (const std::string& name : NamesIn(folder)) {
+    std::ifstream file(folder + name, std::ios::binary);
     std::string bytes{std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
-    state[name] = {std::move(bytes),
-                   fs::last_write_time(Photos() + name).time_since_epoch().count()};
+    state[name] = {std::move(bytes), fs::last_write_time(folder + name).time_since_epoch().count()};
   }
   return state;
 }

@@ -1,4 +1,5 @@
-// The folder that the tour works on: a home of its own with a folder of odd names, gone at the end.
+// The folders that the tour works on: a home of its own with odd names, songs and pictures, gone at
+// the end.
 #pragma once
 
 #include <cstdint>
@@ -21,17 +22,21 @@ class SampleFiles {
   std::string Home() const { return root_ + "home/"; }
   std::string Photos() const { return Home() + photosName + "/"; }
   std::string Data() const { return root_ + "data/"; }
-  // What is in the folder of photos now, sorted by bytes.
-  std::vector<std::string> Names() const;
-  // The same folder by name: contents and time of modification in nanoseconds.
-  using State = std::map<std::string, std::pair<std::string, std::int64_t>>;
-  State Photographed() const;
+  // Ten songs, and some pictures of a camera, each with what it knows of itself.
+  std::string Music() const { return Home() + "Music/"; }
+  std::string Camera() const { return Home() + "Camera/"; }
 
   static constexpr char photosName[] = "Holiday photos";
 
  private:
   std::string root_;
 };
+
+// What is in a folder now, sorted by bytes.
+std::vector<std::string> NamesIn(const std::string& folder);
+// The same by name: contents and time of modification in nanoseconds.
+using FolderState = std::map<std::string, std::pair<std::string, std::int64_t>>;
+FolderState Photographed(const std::string& folder);
 
 // One line on the terminal: bytes that aren't text as \xHH.
 std::string Printable(const std::string& bytes);
