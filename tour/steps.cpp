@@ -172,8 +172,8 @@ void Steps::Picture(const char* what) {
                                        .arg(QLatin1String(what));
   QPixmap picture = window.grab();
   QPainter painter(&picture);
-  for (QWidget* over : {QApplication::activeModalWidget(), QApplication::activePopupWidget()}) {
-    if (!over) continue;
+  for (QWidget* over : QApplication::topLevelWidgets()) {
+    if (over == &window || !over->isVisible()) continue;
     const QPixmap inner = over->grab();
     const QPoint place = window.mapFromGlobal(over->mapToGlobal(QPoint()));
     painter.drawPixmap(place, inner);
