@@ -80,4 +80,13 @@ std::vector<std::string> TemporaryFolder::Names(std::string_view subfolder) cons
   return names;
 }
 
+TemporaryFilesIn::TemporaryFilesIn(const std::string& folder) {
+  if (const char* before = std::getenv("TMPDIR"); before != nullptr) before_ = before;
+  setenv("TMPDIR", folder.c_str(), 1);
+}
+
+TemporaryFilesIn::~TemporaryFilesIn() {
+  before_ ? setenv("TMPDIR", before_->c_str(), 1) : unsetenv("TMPDIR");
+}
+
 }  // namespace tallowbrook

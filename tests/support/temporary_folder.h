@@ -1,6 +1,7 @@
 // A real folder for one test, gone with everything in it at the end of the test.
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -36,6 +37,18 @@ class TemporaryFolder {
 
  private:
   std::string path_;
+};
+
+// While it lives, temporary files are made in that folder.
+class TemporaryFilesIn {
+ public:
+  explicit TemporaryFilesIn(const std::string& folder);
+  ~TemporaryFilesIn();
+  TemporaryFilesIn(const TemporaryFilesIn&) = delete;
+  TemporaryFilesIn& operator=(const TemporaryFilesIn&) = delete;
+
+ private:
+  std::optional<std::string> before_;
 };
 
 }  // namespace tallowbrook

@@ -1,0 +1,211 @@
+// What a version 2 tag reads as, built byte by byte.
+#include <gtest/gtest.h>
+
+#include <iterator>
+
+#include "base/failure.h"
+#include "media/mp3_id3v2.h"
+#include "tests/support/faulty_files.h"
+#include "tests/support/mp3_bytes.h"
+#include "tests/support/temporary_folder.h"
+
+namespace tallowbrook {
+namespace {
+
+using namespace std::string_literals;
+using Tag = cMP3ID3v2;
+
+struct TextProperty {
+  const char* id;
+  const std::string& (Tag::*get)() const;
+  void (Tag::*set)(std::string_view);
+};
+
+// clang-format off
+const TextProperty properties[] = {
+    {"WOAR", &Tag::ArtistURL, &Tag::SetArtistURL}, {"WCOM", &Tag::BuyURL, &Tag::SetBuyURL},
+    {"WOAF", &Tag::AudioURL, &Tag::SetAudioURL}, {"TCOP", &Tag::Copyright, &Tag::SetCopyright},
+    {"TCOM", &Tag::Composer, &Tag::SetComposer}, {"TOPE", &Tag::OriginalArtist, &Tag::SetOriginalArtist},
+    {"WXXX", &Tag::LinkTo, &Tag::SetLinkTo}, {"PCNT", &Tag::PlayCounter, &Tag::SetPlayCounter},
+    {"TENC", &Tag::EncodedBy, &Tag::SetEncodedBy}, {"TIT2", &Tag::Title, &Tag::SetTitle},
+    {"TPE1", &Tag::Artist, &Tag::SetArtist}, {"TALB", &Tag::Album, &Tag::SetAlbum},
+    {"TYER", &Tag::Year, &Tag::SetYear}, {"COMM", &Tag::Comment, &Tag::SetComment},
+    {"USLT", &Tag::Lyrics, &Tag::SetLyrics}, {"TRCK", &Tag::Track, &Tag::SetTrack}};
+// clang-format on
+
+// "version FRAME*texts ...|FRAME=property ...", genres as "number:name" where there is one.
+std::string Told(const Tag& tag) {
+  std::string text = std::to_string(tag.ID3v2TagVersion());
+  for (std::int32_t i = 1; i <= tag.FrameCount(); ++i) {
+    text += " " + tag.Frame(i) + "*" + std::to_string(tag.TagsInFrame(i));
+  }
+  text += "|";
+  for (const TextProperty& property : properties) {
+    const std::string& value = (tag.*property.get)();
+    if (!value.empty()) text.append(property.id).append("=").append(value).append(" ");
+  }
+  if (tag.Genre() != 255) text += std::to_string(tag.Genre()) + ":";
+  return text + tag.OtherGenreName();
+}
+
+class Id3v2Read : public testing::Test {
+ protected:
+  std::uint32_t Load(const std::string& bytes) {
+    folder_.Write("f", bytes);
+    return NumberOf([&] { tag_.SetMP3File(folder_.Path("f")); });
+  }
+  template <typename Step>
+  std::uint32_t NumberOf(Step step) {
+    try {
+      step();
+    } catch (const Failure& failure) {
+      failure_ = failure;
+      return failure.number;
+    }
+    return 0;
+  }
+
+  TemporaryFolder folder_;
+  SystemFiles system_;
+  FaultyFiles files_{system_};
+  Tag tag_{files_};
+  Failure failure_;
+};
+
+TEST_F(Id3v2Read, WalksTheFramesByPlainSizesAndCharges) {
+  const std::string ten = TextFrame("TIT2", "123456789"), end(10, '\0');
+  const std::string T = TextFrame("TIT2", "T"), A = TextFrame("TPE1", "A");
+  // clang-format off
+  const std::pair<std::string, std::string> rows[] = {
+      {TagBytes(3, 100, T + A + end),                       "3 TIT2*1 TPE1*1|TIT2=T TPE1=A "},
+      {TagBytes(4, 100, T + A + end),                       "4 TIT2*1 TPE1*1|TIT2=T TPE1=A "},
+      {TagBytes(1, 100, T + end), "1|"}, {TagBytes(5, 100, T + end), "5|"}, {TagBytes(3, 0x80000000, T + end), "3|"},
+      {"ID3.", "46|"}, {"ID3\3", "3|"}, {"no tag", "0|"},
+      // Charged 16 and the text for each; the fourth is dropped, and what follows it.
+      {TagBytes(3, 103, ten + ten + ten + ten + T + end),   "3 TIT2*3|TIT2=123456789 "},
+      {TagBytes(3, 104, ten + ten + ten + ten + T + end),   "3 TIT2*4|TIT2=123456789 "},
+      {TagBytes(3, 513, TextFrame("TALB", std::string(498, 'x')) + end), "3|"},
+      {TagBytes(3, 513, TextFrame("TALB", std::string(496, 'x')) + end), "3 TALB*1|TALB=" + std::string(496, 'x') + " "},
+      // The place in the file ends the walk too: with junk before the tag, sooner.
+      {std::string(77, '.') + TagBytes(3, 100, T + A + end), "3 TIT2*1 TPE1*1|TIT2=T TPE1=A "},
+      {std::string(78, '.') + TagBytes(3, 100, T + A + end), "3 TIT2*1|TIT2=T "},
+      {std::string(200, '.') + TagBytes(3, 100, T + A + end), "3 TIT2*1|TIT2=T "},
+      // Flags and an extended header are nothing special; zero bytes follow the end of the file.
+      {"ID3\3\7\xff\0\0\0\x64"s + T + end,                  "3 TIT2*1|TIT2=T "},
+      {TagBytes(4, 100, "\0\0\0\6\1\0"s + T + end), "4|"}, {TagBytes(3, 100, end + T), "3|"},
+      {TagBytes(3, 100, T + FrameHead("TPE1", 40) + "x"),   "3 TIT2*1 TPE1*1|TIT2=T TPE1=x "},
+      {TagBytes(3, 0x7FFFFFFF, FrameHead("TALB", 0x7FFFFFEF) + "x"), "3 TALB*1|TALB=x "},
+      {TagBytes(3, 0x7FFFFFFF, FrameHead("TALB", 0x7FFFFFFF)), "3|"},
+      {TagBytes(3, 100, FrameHead("TIT2", 0) + T + end),          "3 TIT2*2|TIT2=T "},
+      {TagBytes(3, 100, FrameBytes("\xC4QQ\x80", "") + T + end),  "3 ÄQQ€*1 TIT2*1|TIT2=T "},
+      {TagBytes(3, 100, T + "T\xFF"),                       "3 TIT2*1 T\u00ff\0\0*1|TIT2=T "s},
+      // Three letters, no flags, charged 9.
+      {TagBytes(2, 27, ShortFrame("TT2", "\0T"s) + ShortFrame("TP1", "\0A"s)), "2 TIT2*1 TPE1*1|TIT2=T TPE1=A "},
+      {TagBytes(2, 21, ShortFrame("TT2", "\0T"s) + ShortFrame("TP1", "\0A"s)), "2 TIT2*1|TIT2=T "},
+      {TagBytes(2, 200, ShortFrame("TAL", "a") + ShortFrame("COM", "c") + ShortFrame("TRK", "t") +
+                        ShortFrame("TEN", "e") + ShortFrame("TYE", "y") + ShortFrame("TCO", "g") +
+                        ShortFrame("PIC", "p") + ShortFrame("tt2", "p") + "\0\0\0"s),
+       "2 TALB*1 COMM*1 TRCK*1 TENC*1 TYER*1 TCON*1 *2|TENC=e TALB=a TYER=y COMM=c TRCK=t g"},
+  };
+  // clang-format on
+  for (const auto& [bytes, told] : rows) {
+    EXPECT_EQ(Load(bytes), 0u) << told;
+    EXPECT_EQ(Told(tag_), told);
+    EXPECT_EQ(tag_.TagVersion(), tag_.ID3v2TagVersion());
+    EXPECT_EQ(tag_.HasID3v2Tag(), bytes != "no tag");
+  }
+}
+
+TEST_F(Id3v2Read, FieldsAreTheFramesBytesWithoutZeros) {
+  const std::string end(10, '\0');
+  // clang-format off
+  const std::tuple<std::string, std::string, std::string> rows[] = {
+      {"TIT2", "\0 a\0b "s, "TIT2= ab  "}, {"TIT2", "\1\xFF\xFE" "a\0\x82\0"s, "TIT2=\1ÿþa‚ "},
+      {"COMM", "\0eng\0text"s, "COMM=engtext "}, {"USLT", "\0eng\0text"s, "USLT=engtext "},
+      {"WXXX", "\0what\0http"s, "WXXX=whathttp "}, {"PCNT", "\0\0\0A"s, "PCNT=A "},
+      {"APIC", "\0x"s, ""}, {"tit2", "x", ""},
+      {"TCON", "(17)", "17:Rock"}, {"TCON", "\0(17)"s, "17:Rock"}, {"TCON", "(17)X", "17:Rock"},
+      {"TCON", "(17)XY", "17:XY"}, {"TCON", "a(0)(9)\xE9", "0:(9)é"}, {"TCON", "(123)", "123:"},
+      {"TCON", "( 9 )", "9:Metal"}, {"TCON", "(255)xy", "xy"}, {"TCON", "(300)", "(300)"},
+      {"TCON", "(256)", "(256)"}, {"TCON", "(-1)", "(-1)"}, {"TCON", "()", "()"}, {"TCON", "(RX)", "(RX)"},
+      {"TCON", ")17(", ")17("}, {"TCON", ")(17)", ")(17)"}, {"TCON", "(17", "(17"}, {"TCON", "17)", "17)"},
+      {"TCON", "R\xF6" "ck", "Röck"}, {"TCON", "((17)x)", "((17)x)"},
+      {"TCON", "(" + std::string(500, '9') + ")", "(" + std::string(500, '9') + ")"},
+  };
+  // clang-format on
+  for (const auto& [id, payload, fields] : rows) {
+    EXPECT_EQ(Load(TagBytes(3, 2000, FrameBytes(id, payload)) + end), 0u);
+    EXPECT_EQ(Told(tag_), "3 " + id + "*1|" + fields);
+  }
+  const std::string twice = FrameBytes("COMM", "a") + FrameBytes("TCON", "(9)") +
+                            FrameBytes("TIT2", "a") + FrameBytes("COMM", "b") +
+                            FrameBytes("TCON", "x") + FrameBytes("TIT2", "b") +
+                            FrameBytes("COMM", "c");
+  EXPECT_EQ(Load(TagBytes(3, 2000, twice) + end), 0u);
+  EXPECT_EQ(Told(tag_), "3 COMM*3 TCON*2 TIT2*2|TIT2=b COMM=a\0\r\nb\0\r\nc 9:x"s);
+}
+
+TEST_F(Id3v2Read, SettersReplaceTheFrameAndOperationsLeaveTheFields) {
+  EXPECT_EQ(NumberOf([&] { tag_.SetTitle("T"); }), failureObjectNotSet);
+  EXPECT_EQ(NumberOf([&] { tag_.FrameCount(); }), failureObjectNotSet);
+  EXPECT_EQ(NumberOf([&] { tag_.Update(); }), failureObjectNotSet);
+  EXPECT_EQ(tag_.Title(), "T");
+  ASSERT_EQ(Load(TagBytes(
+                3, 200, TextFrame("TIT2", "a") + TextFrame("TPE1", "b") + TextFrame("TIT2", "c"))),
+            0u);
+  tag_.SetTitle("é漢");
+  tag_.AddTag("TPE1", "more");
+  tag_.AddTag("Äé", "");
+  tag_.RemoveFrame("TPE1");
+  tag_.SetGenre(17);
+  tag_.SetOtherGenreName("x");
+  EXPECT_EQ(Told(tag_), "3 TIT2*1 Äé*1 TCON*1|TIT2=é漢 TPE1=b 17:x");
+  EXPECT_EQ(tag_.TagsInFrame("none") + tag_.TagsInFrame(4), 0);
+  EXPECT_EQ(NumberOf([&] { tag_.Frame(4); }), failureSubscript);
+  EXPECT_EQ(NumberOf([&] { tag_.RemoveFrame(0); }), failureSubscript);
+  EXPECT_EQ(NumberOf([&] { tag_.RemoveFrame("none"); }), failureInvalidArgument);
+  EXPECT_EQ(NumberOf([&] { tag_.RemoveTag("TIT2", 2); }), failureInvalidArgument);
+  EXPECT_TRUE(failure_.source.ends_with("_tests.cMP3ID3v2")) << failure_.source;
+  tag_.RemoveFrame(2);
+  for (const TextProperty& property : properties) {
+    (tag_.*property.set)(property.id);
+    EXPECT_EQ((tag_.*property.get)(), property.id);
+    EXPECT_EQ(tag_.Frame(tag_.FrameCount()), property.id) << "at the end";
+    EXPECT_EQ(tag_.TagsInFrame(property.id), 1);
+  }
+  EXPECT_EQ(tag_.FrameCount(), 17);
+}
+
+TEST_F(Id3v2Read, RaisesForWhatCannotBeReadAndKeepsWhatWas) {
+  EXPECT_EQ(Load(""), failureInvalidArgument);
+  const std::string T = TextFrame("TIT2", "T");
+  EXPECT_EQ(Load(TagBytes(3, 200, T + FrameHead("TPE1", 0xFFFFFFFF) + T)), failureInvalidArgument);
+  EXPECT_EQ(Told(tag_), "3 TIT2*1|TIT2=T ");
+  files_.FailAt(FileCall::Read, files_.Count(FileCall::Read) + 2, FileError::Io);
+  EXPECT_EQ(Load(TagBytes(3, 9000, T + TextFrame("TALB", std::string(5000, 'x')))), failureDevice);
+  EXPECT_EQ(Told(tag_), "3 TIT2*1|TIT2=T ");
+  EXPECT_EQ(NumberOf([&] { tag_.SetMP3File(folder_.Path("missing")); }), failureFileNotFound);
+  EXPECT_TRUE(failure_.source.ends_with("_tests.cMP3ID3v1")) << "the other reader's name is wanted";
+  EXPECT_EQ(Told(tag_), "0|");
+  EXPECT_FALSE(folder_.Exists("missing"));
+}
+
+// As frames of nothing, all alike or all different, and as one text; the tag's size says 2 GiB.
+TEST_F(Id3v2Read, TakesMillionsOfFramesAndReadsANormalTagInOneGo) {
+  std::string different, alike;
+  for (std::uint32_t i = 0; i < 300000; ++i) different += FrameHead(BigEndianBytes(i + 1), 0);
+  for (int i = 0; i < 500000; ++i) alike += ShortFrame("COM", "");
+  EXPECT_EQ(Load(TagBytes(3, 0x7FFFFFFF, different)), 0u);
+  EXPECT_EQ(tag_.FrameCount(), 300000);
+  EXPECT_EQ(Load(TagBytes(2, 0x7FFFFFFF, alike)), 0u);
+  EXPECT_EQ(tag_.TagsInFrame("COMM"), 500000);
+  const int before = files_.Count(FileCall::Read);
+  EXPECT_EQ(Load(TagBytes(3, 4000, TextFrame("TIT2", "T")) + std::string(9000, '\0')), 0u);
+  EXPECT_EQ(
+      Load(TagBytes(3, 90000, TextFrame("APIC", std::string(80000, 'x'))) + std::string(99, '\0')),
+      0u);
+  EXPECT_EQ(files_.Count(FileCall::Read) - before, 3);
+}
+
+}  // namespace
+}  // namespace tallowbrook
