@@ -8,39 +8,29 @@ namespace tallowbrook {
 
 namespace {
 
-// The keywords hold nothing but ASCII.
-std::string LowerAscii(std::string_view text) {
-  std::string lower(text);
-  for (char& c : lower) {
-    if (c >= 'A' && c <= 'Z') c = static_cast<char>(c - 'A' + 'a');
-  }
-  return lower;
-}
-
-// In bytes; empty if the keyword isn't there.
-std::string_view FindKeyword(std::string_view lowerMask, std::string_view keyword) {
+// Part of the mask; empty if the keyword isn't there. A function is found by its beginning and goes
+// up to the next ">".
+std::string_view FindKeyword(std::string_view mask, std::string_view keyword) {
   const std::size_t comma = keyword.find(',');
   const bool isFunction = comma != std::string_view::npos;
-  const std::string name = LowerAscii(isFunction ? keyword.substr(0, comma + 1) : keyword);
-  const std::size_t start = lowerMask.find(name);
+  if (isFunction) keyword = keyword.substr(0, comma + 1);
+  const std::size_t start = FindIgnoringCase(mask, keyword);
   if (start == std::string_view::npos) return {};
-  if (!isFunction) return lowerMask.substr(start, name.size());
-  const std::size_t bracket = lowerMask.find('>', start);
+  if (!isFunction) return mask.substr(start, keyword.size());
+  const std::size_t bracket = mask.find('>', start);
   if (bracket == std::string_view::npos) return {};
-  return lowerMask.substr(start, bracket - start + 1);
+  return mask.substr(start, bracket - start + 1);
 }
 
 }  // namespace
 
 std::vector<ColourSpan> FindKeywords(std::string_view mask, std::span<const Keyword> table) {
-  const std::string lower = LowerAscii(mask);
   std::vector<ColourSpan> spans;
   for (const Keyword& row : table) {
-    const std::string_view found = FindKeyword(lower, row.keyword);
+    const std::string_view found = FindKeyword(mask, row.keyword);
     if (found.empty()) continue;
-    const auto start = static_cast<std::size_t>(found.data() - lower.data());
-    const ColourSpan span{CountCharacters(std::string_view(lower).substr(0, start)),
-                          CountCharacters(found)};
+    const auto start = static_cast<std::size_t>(found.data() - mask.data());
+    const ColourSpan span{CountCharacters(mask.substr(0, start)), CountCharacters(found)};
     if (std::ranges::find(spans, span) == spans.end()) spans.push_back(span);
   }
   return spans;
