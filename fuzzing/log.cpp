@@ -3,19 +3,15 @@
 //
 // Aborts if a path is moved that no record of the batch gives, or if a rewrite loses a batch.
 #include <cstdint>
-#include <cstdlib>
 #include <set>
 
 #include "fuzzing/no_files.h"
+#include "fuzzing/require.h"
 #include "store/log_history.h"
 
 namespace {
 
 using namespace tallowbrook;
-
-void Require(bool holds) {
-  if (!holds) std::abort();
-}
 
 // Whether the text has "old path?new path?", with blanks around the two.
 bool Names(std::string_view batch, const std::string& oldPath, const std::string& newPath) {

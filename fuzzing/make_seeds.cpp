@@ -1,67 +1,34 @@
 // Writes the seeds that fuzzing starts from: make_seeds FOLDER makes a folder a target in it.
 #include <filesystem>
 #include <fstream>
-#include <random>
-#include <string>
-#include <vector>
 
-#include "store/log_format.h"
+#include "fuzzing/seeds.h"
 
 namespace {
 
 using namespace tallowbrook;
 
-void Save(const std::filesystem::path& folder, const std::vector<std::string>& seeds) {
+struct Target {
+  const char* name;
+  Seeds (*seeds)();
+};
+
+constexpr Target targets[] = {{"log", LogSeeds},
+                              {"id3v1", Id3v1Seeds},
+                              {"id3v2_read", Id3v2Seeds},
+                              {"id3v2_write", Id3v2Seeds}};
+
+void Save(const std::filesystem::path& folder, const Seeds& seeds) {
   std::filesystem::create_directories(folder);
   for (std::size_t i = 0; i < seeds.size(); ++i) {
     std::ofstream(folder / std::to_string(i), std::ios::binary) << seeds[i];
   }
 }
 
-std::string Batch(const std::vector<RunRecord>& records) {
-  std::string text = log_format::Header(*MakeDate({2024, 2, 9, 5, 7, 9})) + "\r\n";
-  std::string line;
-  for (const RunRecord& record : records) {
-    log_format::FormatRecord(record, line);
-    text += line + "\r\n";
-  }
-  return text + "\x07\r\n";
-}
-
-void SaveLogs(const std::filesystem::path& folder) {
-  using Kind = RunRecord::Kind;
-  const std::string files = Batch({{Kind::File, "/d/", "a b.txt", "/e/", "c.txt"},
-                                   {Kind::File, "/d/", "\x06?\x07\r\n ", "/d/", "\xff"},
-                                   {Kind::Failed, "/d/", "p.mp3", "/d/", "<0>Why?"}});
-  const std::string folders = Batch({{Kind::Folder, "/d/", "x", "/d/", "y"},
-                                     {Kind::Folder, "/d/y/", "u", "/d/y/", "v"},
-                                     {Kind::File, "/d/y/v/", "f", "/d/y/v/", "g"}});
-  const std::string dates =
-      Batch({{Kind::File, "/d/", "q", "/d/", "q", "<DateModified,9/11/2005 7:01:01 AM>"},
-             {Kind::Folder, "/d/", "z", "/d/", "z", "<DateCreated,1/1/2001>"}});
-  const std::string undone =
-      "@-- 1 [2] -@\r\n3\x06 /d/a?/d/b?\x06\x05\r\n10\x06 /d?/e?\x06\x05\r\n\x07";
-  std::vector<std::string> seeds = {"\x07", files + folders + dates, undone + files,
-                                    folders + undone + "@-- x",
-                                    "@-- 1 [2] -@\r\n1\x06??\x06\r\n\x06??\x06\r\n0\x06?\x06\x07"};
-  // Cut off anywhere, and by chance of those bytes that mean something to the log.
-  const std::string whole = folders + files + dates + undone;
-  for (std::size_t length = 0; length < whole.size(); ++length) {
-    seeds.push_back(whole.substr(0, length));
-  }
-  std::mt19937 chance(1);  // NOLINT: the same ones each time
-  const std::string bytes = "@ []\r\n\x05\x06\x07\x10?/01339<>a";
-  for (int i = 0; i < 200; ++i) {
-    std::string seed(chance() % 400, ' ');
-    for (char& c : seed) c = bytes[chance() % bytes.size()];
-    seeds.push_back(std::move(seed));
-  }
-  Save(folder, seeds);
-}
-
 }  // namespace
 
 int main(int argc, char** argv) {
   if (argc != 2) return 1;
-  SaveLogs(std::filesystem::path(argv[1]) / "log");
+  const std::filesystem::path folder = argv[1];
+  for (const Target& target : targets) Save(folder / target.name, target.seeds());
 }

@@ -1,0 +1,15 @@
+// The inputs that fuzzing starts from, made for each kind of file.
+#pragma once
+
+#include <string>
+#include <vector>
+
+namespace tallowbrook {
+
+using Seeds = std::vector<std::string>;
+
+Seeds LogSeeds();
+Seeds Id3v1Seeds();
+Seeds Id3v2Seeds();
+
+}  // namespace tallowbrook
