@@ -19,7 +19,8 @@ std::string_view FrameStore::IdOf(const Frame& frame) const {
 
 std::string_view FrameStore::Id(std::int32_t place) const {
   if (place < 1 || place > listed_) RaiseHere(failureSubscript);
-  auto& [frame, before] = lastPlace_;
+  Number& frame = lastPlace_.frame;
+  std::int32_t& before = lastPlace_.before;
   const auto isListed = [&] { return frames_[frame].count != unlisted; };
   while (before >= place) {
     --frame;
