@@ -21,6 +21,7 @@ class Screen;
 enum class ControlKind {
   Tick,      // a check box: 0 or 1
   Text,      // a line of free text
+  Lines,     // free text of several lines
   Mask,      // a line of free text with coloured keywords and a selection
   List,      // one of fixed items, by index from 0; -1 for none
   FreeList,  // free text over a list of proposals
@@ -134,6 +135,13 @@ class Text : public Control {
 
  private:
   std::string text_;
+};
+
+// Its lines end as they came; what a user has edited ends in "\r\n".
+class TextLines : public Text {
+ public:
+  TextLines(Screen& screen, const ControlFacts& facts, std::string_view text = {})
+      : Text(screen, facts, text, ControlKind::Lines) {}
 };
 
 // Counted in characters from 0.

@@ -7,9 +7,11 @@
 #include <QGroupBox>
 #include <QLabel>
 #include <QLineEdit>
+#include <QPlainTextEdit>
 #include <QPushButton>
 #include <QRadioButton>
 
+#include "desktop/lines_binding.h"
 #include "desktop/mask_edit.h"
 #include "desktop/quiet_combo.h"
 #include "desktop/spin_arrows.h"
@@ -40,6 +42,12 @@ QCheckBox* Binder::Add(Tick& tick, QWidget* parent, char accessKey) {
 QLineEdit* Binder::Add(Text& text, QWidget* parent) {
   auto* edit = new QLineEdit(parent);
   Keep(text, new TextBinding(text, *edit));
+  return edit;
+}
+
+QPlainTextEdit* Binder::Add(TextLines& text, QWidget* parent) {
+  auto* edit = new QPlainTextEdit(parent);
+  Keep(text, new LinesBinding(text, *edit));
   return edit;
 }
 

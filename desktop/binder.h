@@ -12,6 +12,7 @@
 #include "desktop/binding.h"
 
 class QButtonGroup;
+class QPlainTextEdit;
 
 namespace tallowbrook {
 
@@ -30,6 +31,7 @@ class Binder {
   // name. `accessKey` is a letter of the caption in lower case.
   QCheckBox* Add(Tick& tick, QWidget* parent, char accessKey = 0);
   QLineEdit* Add(Text& text, QWidget* parent);
+  QPlainTextEdit* Add(TextLines& text, QWidget* parent);
   MaskEdit* Add(MaskText& mask, QWidget* parent);
   // The line of the text, with the arrows of `spin` in it.
   QLineEdit* Add(Text& text, Spin& spin, QWidget* parent);

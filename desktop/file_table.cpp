@@ -1,7 +1,7 @@
 #include "desktop/file_table.h"
 
+#include <QApplication>
 #include <QDragEnterEvent>
-#include <QGuiApplication>
 #include <QHeaderView>
 #include <QMimeData>
 #include <QPainter>
@@ -39,6 +39,21 @@ class BadgeDelegate : public RowDelegate {
       painter->restore();
     }
     RowDelegate::paint(painter, option, index);
+    if (index.data(FileTableModel::DropHighlightRole).toBool()) PaintFrame(*painter, option, index);
+  }
+
+ private:
+  // The cell's part of a frame around its row, which leaves text and check mark as they are.
+  static void PaintFrame(QPainter& painter, const QStyleOptionViewItem& option,
+                         const QModelIndex& index) {
+    constexpr int thick = 2;
+    const QRect& cell = option.rect;
+    const QColor colour = QApplication::palette().color(QPalette::Highlight);
+    painter.fillRect(cell.left(), cell.top(), cell.width(), thick, colour);
+    painter.fillRect(cell.left(), cell.bottom() - thick + 1, cell.width(), thick, colour);
+    if (index.column() == 0) {
+      painter.fillRect(cell.left(), cell.top(), thick, cell.height(), colour);
+    }
   }
 };
 
@@ -53,11 +68,18 @@ FileTable::FileTable(FileList& list, ListOperations& operations, QWidget* parent
   setAcceptDrops(true);
   setDragDropMode(DropOnly);
   setDropIndicatorShown(false);
-  model_.itemCheck = [this](std::size_t row, bool checked) { ItemCheck(row, checked); };
+  model_.itemCheck = [this](std::size_t row, bool checked) { operations_.ItemCheck(row, checked); };
   model_.stateChanged = [this] {
     if (visibilityChanged) visibilityChanged();
   };
   connect(&model_, &QAbstractItemModel::modelReset, this, [this] { RestoreHighlights(); });
+  list.selectedChanged = [this](std::size_t row) { ShowHighlight(row); };
+  list.ensureVisible = [this](std::size_t row) { ScrollToRow(row); };
+}
+
+FileTable::~FileTable() {
+  model_.List().selectedChanged = nullptr;
+  model_.List().ensureVisible = nullptr;
 }
 
 void FileTable::SetUpColumns() {
@@ -75,8 +97,8 @@ void FileTable::SetUpColumns() {
 }
 
 void FileTable::SortBy(int section) {
-  QGuiApplication::setOverrideCursor(Qt::WaitCursor);
-  const Finally restore([] { QGuiApplication::restoreOverrideCursor(); });
+  QApplication::setOverrideCursor(Qt::WaitCursor);
+  const Finally restore([] { QApplication::restoreOverrideCursor(); });
   model_.List().SortByColumn(ColumnOf(section));
   model_.Sync();
   horizontalHeader()->setSortIndicatorShown(true);
@@ -119,13 +141,22 @@ void FileTable::RowDoubleClicked(std::size_t) {
   operations_.DoubleClick();
 }
 
-// The highlight that goes is told to the view row by row: it keeps highlights of its own.
-void FileTable::ItemCheck(std::size_t row, bool checked) {
-  const std::size_t chosen = model_.List().SelectedItem();
-  operations_.ItemCheck(row, checked);
-  if (!chosen || chosen > model_.List().Count() || model_.List().Row(chosen).Selected) return;
-  selectionModel()->select(model_.index(static_cast<int>(chosen) - 1, 0),
-                           QItemSelectionModel::Deselect | QItemSelectionModel::Rows);
+// The view keeps highlights of its own.
+void FileTable::ShowHighlight(std::size_t row) {
+  const bool selected = model_.List().Row(row).Selected;
+  model_.Sync();
+  selectionModel()->select(
+      model_.index(static_cast<int>(row) - 1, 0),
+      (selected ? QItemSelectionModel::Select : QItemSelectionModel::Deselect) |
+          QItemSelectionModel::Rows);
+}
+
+// The keys go on from the row that is shown.
+void FileTable::ScrollToRow(std::size_t row) {
+  model_.Sync();
+  const QModelIndex index = model_.index(static_cast<int>(row) - 1, SectionOf(Column::Row));
+  selectionModel()->setCurrentIndex(index, QItemSelectionModel::NoUpdate);
+  scrollTo(index);
 }
 
 // The mouse's menu comes when the button is let go, the menu key's at once.

@@ -15,6 +15,7 @@ class FileTable : public RowTable {
  public:
   // What the user does with the rows goes to `operations`.
   FileTable(FileList& list, ListOperations& operations, QWidget* parent);
+  ~FileTable() override;
 
   // Files were dropped on the table.
   std::function<void(const std::vector<std::string>&)> dropped;
@@ -37,7 +38,8 @@ class FileTable : public RowTable {
  private:
   void SetUpColumns();
   void SortBy(int section);
-  void ItemCheck(std::size_t row, bool checked);
+  void ShowHighlight(std::size_t row);
+  void ScrollToRow(std::size_t row);
   void PopUpAtCurrentRow();
   void Mark(const QItemSelection& ranges, bool selected);
   void RestoreHighlights();

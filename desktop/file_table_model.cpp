@@ -60,6 +60,8 @@ QVariant FileTableModel::data(const QModelIndex& index, int role) const {
     case Qt::CheckStateRole:
       if (column == Column::Row) return list_.Row(number).Checked ? Qt::Checked : Qt::Unchecked;
       return {};
+    case DropHighlightRole:
+      return number == list_.DropHighlight();
     default:
       return {};
   }

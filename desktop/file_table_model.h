@@ -21,6 +21,9 @@ class FileTableModel : public RowModel {
   bool setData(const QModelIndex& index, const QVariant& value, int role) override;
   void Sync() override;
 
+  // Whether the cell's row is marked as the one that a window works on.
+  static constexpr int DropHighlightRole = Qt::UserRole;
+
   FileList& List() { return list_; }
 
   // The user has clicked a row's check box.

@@ -19,6 +19,7 @@
 #include "desktop/manual_rename_dialog.h"
 #include "desktop/page_tabs.h"
 #include "desktop/ribbon_place.h"
+#include "desktop/tag_editor_window.h"
 #include "desktop/window_keys.h"
 
 namespace tallowbrook {
@@ -59,6 +60,7 @@ MainWindow::MainWindow(Form1& form, Files& files, const std::string& home)
 MainWindow::~MainWindow() {
   form_.showManualRename = nullptr;
   form_.showHistory = nullptr;
+  form_.showTagEditor = nullptr;
   form_.showKeywordPicker = nullptr;
   form_.unload = nullptr;
   form_.blinker.started = nullptr;
@@ -106,6 +108,7 @@ QLayout* MainWindow::MakeButtons() {
 void MainWindow::WireForm() {
   form_.showManualRename = [this](ManualRename& model) { ManualRenameDialog(model, this).exec(); };
   form_.showHistory = [this](LogHistory& model) { HistoryWindow(model, this).exec(); };
+  form_.showTagEditor = [this](TagEditor& model) { TagEditorWindow(model, this).exec(); };
   form_.showKeywordPicker = [this](KeywordPicker& model) {
     if (!picker_) picker_ = new KeywordPickerWindow(model, this);
     picker_->Open();

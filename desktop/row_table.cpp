@@ -45,9 +45,11 @@ RowTable::RowTable(QWidget* parent) : QTableView(parent) {
 }
 
 void RowTable::SetUpLook() {
-  // Light enough for the colours of the outcomes to stand on it.
+  // Near enough to the ground for the colours of the outcomes to stand on it.
   QPalette colours = palette();
-  colours.setColor(QPalette::Highlight, QColor(0xd3, 0xe4, 0xf7));
+  const bool isDark = colours.color(QPalette::Base).lightness() < 128;
+  colours.setColor(QPalette::Highlight,
+                   isDark ? QColor(0x28, 0x42, 0x5e) : QColor(0xd3, 0xe4, 0xf7));
   colours.setColor(QPalette::HighlightedText, colours.color(QPalette::Text));
   setPalette(colours);
   setShowGrid(false);

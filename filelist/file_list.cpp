@@ -97,6 +97,7 @@ std::size_t FileList::Add(FileEntry entry) {
 void FileList::Clear() {
   rows_.clear();
   selectedItem_ = 0;
+  dropHighlight_ = 0;
   folders_.Clear();
   patterned_ = 0;
   Tell(ListChange::Kind::Reset);
@@ -134,6 +135,21 @@ std::size_t FileList::HighlightedRow() const {
   }
   const auto found = std::ranges::find(rows_, true, &FileEntry::Selected);
   return found == rows_.end() ? 0 : static_cast<std::size_t>(found - rows_.begin()) + 1;
+}
+
+void FileList::SetSelected(std::size_t number, bool selected) {
+  Row(number).Selected = selected;
+  if (selectedChanged) selectedChanged(number);
+}
+
+void FileList::SetDropHighlight(std::size_t number) {
+  for (const std::size_t row : {std::exchange(dropHighlight_, number), number}) {
+    if (row) TellRows(row, row);
+  }
+}
+
+void FileList::EnsureVisible(std::size_t number) const {
+  if (number && ensureVisible) ensureVisible(number);
 }
 
 std::size_t FileList::CountCheckedFiles() const {
@@ -193,8 +209,9 @@ void FileList::Sort() {
   arranged.reserve(rows_.size());
   for (const std::uint32_t index : order) arranged.push_back(std::move(rows_[index]));
   rows_ = std::move(arranged);
-  if (const auto selected = std::ranges::find(order, selectedItem_ - 1); selected != order.end()) {
-    selectedItem_ = static_cast<std::size_t>(selected - order.begin()) + 1;
+  for (std::size_t* marked : {&selectedItem_, &dropHighlight_}) {
+    const auto moved = std::ranges::find(order, *marked - 1);
+    if (moved != order.end()) *marked = static_cast<std::size_t>(moved - order.begin()) + 1;
   }
   patterned_ = 0;
   Tell(ListChange::Kind::Reset);

@@ -81,6 +81,16 @@ class FileList {
   // The selected item, or else the first highlighted row; 0 without one.
   std::size_t HighlightedRow() const;
 
+  // Highlights a row by code, or takes its highlight off; the view is told at once.
+  void SetSelected(std::size_t number, bool selected);
+  std::function<void(std::size_t number)> selectedChanged;
+  // The row that a window works on, marked beside all highlights; 0 for none.
+  void SetDropHighlight(std::size_t number);
+  std::size_t DropHighlight() const { return dropHighlight_; }
+  // Asks the view to show a row; 0 shows none.
+  void EnsureVisible(std::size_t number) const;
+  std::function<void(std::size_t number)> ensureVisible;
+
   // A click on a header: sorts by it; the order flips with every click on any header.
   void SortByColumn(Column column);
   bool SortsAscending() const { return ascending_; }
@@ -110,6 +120,7 @@ class FileList {
   std::size_t patterned_ = 0;
 
   std::size_t selectedItem_ = 0;
+  std::size_t dropHighlight_ = 0;
 
   bool sorted_ = false;
   bool sortSuspended_ = false;

@@ -136,10 +136,7 @@ bool ListOperations::MouseUp(std::size_t row, bool isRight) {
 void ListOperations::ItemCheck(std::size_t row, bool checked) {
   list_.SetChecked(row, checked);
   const std::size_t selected = list_.SelectedItem();
-  if (selected && selected <= list_.Count()) {
-    list_.Row(selected).Selected = false;
-    list_.TellRows(selected, selected);
-  }
+  if (selected && selected <= list_.Count()) list_.SetSelected(selected, false);
   list_.SelectItem(0);
 }
 

@@ -33,6 +33,8 @@ Form1::Form1(const World& world)
       Exit(screen, {.name = "Cmd_Exit", .caption = "Exit"},
            {.name = "PushButton_Exit", .caption = "Exit"}),
       picker(settings, pages.KeywordCaret),
+      editedV1(world.files),
+      editedV2(world.files),
       world_(world) {
   WireButtons();
 }
@@ -45,6 +47,7 @@ void Form1::WireButtons() {
   Exit.Does([this] { ExitProgram(); });
   pages.InsertKeyword.Does([this] { OpenKeywordPicker(1); });
   pages.InsertKeyword1.Does([this] { OpenKeywordPicker(2); });
+  operations.ShowTagEditor = [this] { ShowTagEditor(); };
   pages.EditID3.Does([this] { operations.OpenTagEditorForSelection(); });
   run.updateMoveControls = [this] { pages.UpdateMoveControls(); };
   preview.ended = [this] { return ExitDone; };
@@ -152,6 +155,12 @@ void Form1::OpenHistoryWindow() {
   showHistory(history);
 }
 
+void Form1::ShowTagEditor() {
+  if (ListView1.HighlightedRow() == 0 || !showTagEditor) return;
+  TagEditor editor({ListView1, genres, editedV1, editedV2, world_.dialogs});
+  showTagEditor(editor);
+}
+
 void Form1::OpenKeywordPicker(int target) {
   picker.Open(target);
   if (showKeywordPicker) showKeywordPicker(picker);
@@ -162,10 +171,13 @@ void Form1::GetConfiguration() {
   scan.SelectFolder(world_.home);
 }
 
+void Form1::LoadGenreLists() {
+  genres.LoadGenreLists(world_.files, world_.folders.program);
+}
+
 void Form1::LoadSkin() {}
 void Form1::BuildPaths() {}
 void Form1::CreateThumbnailGenerator() {}
-void Form1::LoadGenreLists() {}
 void Form1::LoadLayout() {}
 void Form1::SaveSettings() {}
 void Form1::AskAutoUpdate() {}

@@ -17,10 +17,14 @@
 #include "engine/rename_settings.h"
 #include "engine/unique_parameter.h"
 #include "filelist/list_operations.h"
+#include "media/genres.h"
+#include "media/mp3_id3v1.h"
+#include "media/mp3_id3v2.h"
 #include "platform/program_folders.h"
 #include "shell/blinker.h"
 #include "shell/keyword_picker.h"
 #include "shell/manual_rename.h"
+#include "shell/tag_editor.h"
 #include "store/log_file.h"
 #include "store/log_history.h"
 
@@ -79,6 +83,10 @@ class Form1 {
   Blinker blinker;
   std::size_t ManualRenameRow = 0;
   KeywordPicker picker;
+  GenreLists genres;
+  // The tag editor's, one of each for the whole run.
+  cMP3ID3v1 editedV1;
+  cMP3ID3v2 editedV2;
 
   // Form_Load: everything from the panes to the first scan. Called once, before the window shows.
   void Load();
@@ -96,6 +104,8 @@ class Form1 {
   void OpenManualRename();
   // Opens the history of all runs, and its undo.
   void OpenHistoryWindow();
+  // Opens the tag editor on the highlighted row; nothing without one.
+  void ShowTagEditor();
   // Opens the keyword picker for the mask of a page, or turns the one that is open to it: 1
   // RTxt_ID3Name, 2 RTxt_Unique_Other.
   void OpenKeywordPicker(int target);
@@ -104,6 +114,7 @@ class Form1 {
   // the last closes the main window.
   std::function<void(ManualRename&)> showManualRename;
   std::function<void(LogHistory&)> showHistory;
+  std::function<void(TagEditor&)> showTagEditor;
   std::function<void(KeywordPicker&)> showKeywordPicker;
   std::function<void()> unload;
 
