@@ -119,10 +119,11 @@ void MaskText::Set(std::string_view text) {
 // The keywords of the old text go with it: the rule finds those of the new one.
 void MaskText::Type(std::string_view text, std::size_t caret) {
   if (text == Value()) return Select(caret, 0);
-  start_ = std::min(caret, CountCharacters(text));
+  const std::size_t before = std::exchange(start_, std::min(caret, CountCharacters(text)));
   length_ = 0;
   keywords_.clear();
   Text::Set(text);
+  if (start_ != before && caretMoved) caretMoved();
 }
 
 void MaskText::Select(std::size_t start, std::size_t length) {

@@ -173,6 +173,12 @@ void MaskEdit::focusOutEvent(QFocusEvent* event) {
   update();
 }
 
+// What is being composed has colours of its own, which the toolkit puts in the place of ours.
+void MaskEdit::inputMethodEvent(QInputMethodEvent* event) {
+  QPlainTextEdit::inputMethodEvent(event);
+  colours_->rehighlight();
+}
+
 // Enter is a command here and types nothing.
 void MaskEdit::keyPressEvent(QKeyEvent* event) {
   if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) return event->ignore();

@@ -96,6 +96,8 @@ TEST_F(KeywordPickerTest, WhileItIsOpenTheCaretOfItsMaskLeads) {
   tags.Select(1, 0);
   Insert(0);
   EXPECT_EQ(tags.Value(), "a<v1Album>b");
+  tags.Type("pasted a<v1Album>b", 7);
+  EXPECT_EQ(form.pages.KeywordCaret, 7U) << "without a key";
   picker.Open(2);
   EXPECT_EQ(form.pages.KeywordCaret, 3U);
   // A key in the mask of the other page takes the place with it: this is wanted.
