@@ -57,14 +57,9 @@ std::string FileDateCommands::ApplyFileDate(const std::string& path, const std::
   return std::string(kind->keyword) + FullDateText(UniversalDate((*before).*(kind->before))) + ">";
 }
 
-std::string GetFileCreated(Files& files, const std::string& path, const DateNames& names) {
-  const std::optional<FileFacts> facts = files.Facts(path);
-  return facts ? CreatedText(*facts, names) : std::string();
-}
-
-std::string CreatedText(const FileFacts& facts, const DateNames& names) {
-  const Date date = UniversalDate(facts.created);
-  return date > Date{} ? FormatDate(date, "MMM dd yy hh:mm:ss", names) : "(no date)";
+std::optional<Date> GetFileCreated(const std::optional<FileFacts>& facts) {
+  if (!facts || UniversalDate(facts->created) <= Date{}) return std::nullopt;
+  return UniversalDate(facts->created);
 }
 
 std::optional<std::string> GetKeywordArgument(std::string_view keyword, std::string_view mask,

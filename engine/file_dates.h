@@ -38,10 +38,9 @@ class FileDateCommands : public FileDates {
   Clock& clock_;
 };
 
-// The date of creation in universal time, as "Feb 09 24 05:07:09" with the months' names given;
-// "(no date)" for one before 1900, empty for a file that isn't there.
-std::string GetFileCreated(Files& files, const std::string& path, const DateNames& names);
-std::string CreatedText(const FileFacts& facts, const DateNames& names);
+// The date of creation in universal time. Nothing for one before 1900, nor for a file that isn't
+// there.
+std::optional<Date> GetFileCreated(const std::optional<FileFacts>& facts);
 
 // The arguments of the first `keyword` ("<left,") in a mask, found in whatever case, up to the next
 // ">": 0 is the whole text from "<" to ">", 1 the first argument behind the keyword. Nothing if

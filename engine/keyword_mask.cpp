@@ -7,6 +7,7 @@
 #include "base/letter_case.h"
 #include "base/text.h"
 #include "engine/file_dates.h"
+#include "engine/fill_in.h"
 #include "engine/keywords.h"
 #include "media/exif_reader.h"
 
@@ -83,7 +84,7 @@ bool Holds(std::string_view mask, std::string_view text) {
 }
 
 void Replace(std::string& mask, std::string_view keyword, std::string_view value) {
-  if (Holds(mask, keyword)) mask = ReplaceText(mask, keyword, value, std::string::npos, false);
+  FillIn(mask, keyword, value, false);
 }
 
 bool HoldsAny(std::string_view mask, std::span<const DateKeyword> keywords) {
@@ -103,22 +104,6 @@ void ReplaceDate(std::string& mask, std::span<const DateKeyword> keywords, Date 
   for (const DateKeyword& row : keywords) {
     Replace(mask, row.keyword, Shown(fields.*row.field, row.form));
   }
-}
-
-// Reads what CreatedText wrote. The year has two digits there, so that one beyond 2029 comes back a
-// century early, as every typed date would.
-std::optional<Date> ParseCreated(std::string_view text, const DateNames& names) {
-  for (std::size_t i = 0; i < names.monthsShort.size(); ++i) {
-    const std::string& month = names.monthsShort[i];
-    if (!text.starts_with(month + " ")) continue;
-    const std::string_view rest = text.substr(month.size() + 1);
-    const std::size_t blank = rest.find(' ');
-    if (blank == std::string_view::npos) return std::nullopt;
-    std::string typed = std::to_string(i + 1) + "/" + std::string(rest);
-    typed[typed.find(' ')] = '/';
-    return ParseDateText(typed);
-  }
-  return std::nullopt;
 }
 
 std::optional<std::int32_t> WholeNumber(std::string_view text) {
@@ -205,8 +190,7 @@ void KeywordMask::ExpandPresentDate(std::string& mask) {
 void KeywordMask::ExpandFileDates(std::string& mask, const std::string& path) {
   if (!HoldsAny(mask, createdDate) && !HoldsAny(mask, modifiedDate)) return;
   const std::optional<FileFacts> facts = files_.Facts(path);
-  Date date = clock_.Now();
-  if (facts) date = ParseCreated(CreatedText(*facts, names_), names_).value_or(date);
+  Date date = GetFileCreated(facts).value_or(clock_.Now());
   ReplaceDate(mask, createdDate, date);
   if (facts) date = clock_.Local(facts->modified);
   ReplaceDate(mask, modifiedDate, date);

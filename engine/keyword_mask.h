@@ -4,7 +4,6 @@
 #include <string>
 #include <string_view>
 
-#include "base/date.h"
 #include "platform/clock.h"
 #include "platform/files.h"
 
@@ -12,13 +11,12 @@ namespace tallowbrook {
 
 class KeywordMask {
  public:
-  KeywordMask(Files& files, Clock& clock, const DateNames& names)
-      : files_(files), clock_(clock), names_(names) {}
+  KeywordMask(Files& files, Clock& clock) : files_(files), clock_(clock) {}
 
   // `fullName` is `baseName` with its extension, `folder` ends in "/" or is empty, as for the
   // sample. One keyword after the other is replaced, and later ones find what earlier ones put in.
-  // Facts are read from the disk only if the mask asks for them. Never fails: a step that does is
-  // left out.
+  // Facts are read from the disk only if the mask asks for them; a fact that can't be had changes
+  // nothing else.
   std::string ExpandKeywords(std::string mask, std::string_view baseName, std::string_view fullName,
                              std::string_view folder, std::string_view extension);
 
@@ -29,7 +27,6 @@ class KeywordMask {
 
   Files& files_;
   Clock& clock_;
-  const DateNames& names_;
 };
 
 // The last folder of a path; all of it if it has no "/".

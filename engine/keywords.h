@@ -12,8 +12,8 @@ struct Keyword {
   std::string_view description;
 };
 
-// Of the advanced mask, in their order. Case counts among them: "<exif_m>" is a month, "<exif_M>" a
-// minute. Those with commas are templates, whose "?" the user types over.
+// Of the advanced mask, in their order. Their letters count as they are: some differ in case alone.
+// Of those with commas the user types over each "?".
 std::span<const Keyword> AdvancedKeywords();
 // Of the tag mask: first those of version 1, then those of version 2. They have no descriptions.
 std::span<const Keyword> TagKeywords();

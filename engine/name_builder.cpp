@@ -54,7 +54,7 @@ NameBuilder::NameBuilder(RenameSettings& settings, RandomNumberPool& pool, Clock
       pool_(pool),
       clock_(clock),
       names_(names),
-      keywordMask_(files, clock, names),
+      keywordMask_(files, clock),
       tagMask_(files) {}
 
 std::string NameBuilder::BuildNewName(std::string_view fileName, std::int32_t counter,

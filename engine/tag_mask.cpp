@@ -5,6 +5,7 @@
 #include "base/guards.h"
 #include "base/letter_case.h"
 #include "base/text.h"
+#include "engine/fill_in.h"
 #include "engine/name_builder.h"
 
 namespace tallowbrook {
@@ -102,8 +103,7 @@ bool Fill(std::string& text, const Tag& tag, std::span<const TagKeyword<Tag>> ke
     missing = missing || (Holds(text, row.keyword) && row.isMissing(tag));
   }
   for (const TagKeyword<Tag>& row : keywords) {
-    if (!Holds(text, row.keyword)) continue;
-    text = ReplaceText(text, row.keyword, row.value(tag), std::string::npos, true);
+    if (Holds(text, row.keyword)) FillIn(text, row.keyword, row.value(tag), true);
   }
   return missing;
 }

@@ -1,5 +1,5 @@
-// The tag mask: a text whose keywords become fields of an MP3 file's two tags. It is the one mode
-// that may refuse a file.
+// The tag mask: a text whose keywords become fields of an MP3 file's two tags. A file without what
+// the mask asks for gets no name but a reason.
 #pragma once
 
 #include <string>

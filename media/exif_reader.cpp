@@ -88,8 +88,8 @@ void ExifReader::ReadHead() {
   if (file->Size() > 0) RaiseOnError(file->Read(0, image_, got), SourceOf(reader));
 }
 
-// One half of the start marker is enough. The first FF E1 anywhere in the head counts as the
-// segment's marker, whatever it stands in: no walk from marker to marker is made.
+// A start marker of which either byte is right will do. The first FF E1 in the head is taken for
+// the segment's marker, whatever segment it stands in. Both are wanted.
 void ExifReader::CheckHead() {
   if (Byte(1) != 0xD8 && Byte(0) != 0xFF) Raise(failureInvalidArgument, SourceOf(reader));
   const std::string_view head(image_.data(), image_.size());
@@ -133,16 +133,13 @@ void ExifReader::ReadEntry(std::int64_t at) {
   TagRecord& record = isFirst ? place->second : hidden;
   record.Format = Short(at + 2);
   record.Components = Long(at + 4);
-  const int size = ComponentSize(record.Format);
-  if (size != 0) {
-    const std::int64_t length = std::int64_t{size} * record.Components;
-    if (length > INT32_MAX) Raise(failureOverflow, SourceOf(reader));
-    if (length > 4) record.Offset = Long(at + 8);
-    record.at = length > 4 ? std::int64_t{tiffStart_} + record.Offset : at + 8;
+  if (ComponentSize(record.Format) != 0) {
+    if (ByOffset(record)) record.Offset = Long(at + 8);
+    record.at = ByOffset(record) ? std::int64_t{tiffStart_} + record.Offset : at + 8;
     CheckValue(record);
     record.hasValue = true;
   }
-  if (number == exif_tag::exifIfd) exifIfd_ = AsNumber(ValueOf(record));
+  if (number == exif_tag::exifIfd) exifIfd_ = AsNumber(record);
 }
 
 // Fails where making up the value would.
@@ -225,7 +222,14 @@ ExifValue ExifReader::InlineValue(const TagRecord& record) const {
   return digits;
 }
 
-std::int32_t ExifReader::AsNumber(const ExifValue& value) {
+// A text can be a number too; one of so many bytes isn't looked at, since a head can hold many such
+// entries.
+std::int32_t ExifReader::AsNumber(const TagRecord& record) const {
+  constexpr std::int32_t mostBytes = 32;
+  if (ByOffset(record) && record.Components > mostBytes) {
+    Raise(failureInvalidArgument, SourceOf(reader));
+  }
+  const ExifValue value = ValueOf(record);
   if (const auto* number = std::get_if<std::int32_t>(&value)) return *number;
   const auto* text = std::get_if<std::string>(&value);
   if (text == nullptr) return 0;
@@ -259,6 +263,8 @@ std::string ReadExifTag(Files& files, const std::string& path, std::int32_t numb
 }
 
 Date ParseExifDate(std::string_view text) {
+  // A date alone ends in the NUL that belongs to the time otherwise.
+  text = text.substr(0, text.find_last_not_of('\0') + 1);
   const std::size_t blank = text.find(' ');
   const std::vector<std::string_view> numbers = Split(text.substr(0, blank), ':');
   if (numbers.size() < 3) return {};
@@ -269,7 +275,7 @@ Date ParseExifDate(std::string_view text) {
     const char* end = digits.data() + digits.size();
     const auto result = std::from_chars(digits.data(), end, value);
     if (result.ec != std::errc() || result.ptr != end) return {};
-    joined.append(digits) += part == 0 ? ' ' : '/';
+    joined.append(std::to_string(value)) += part == 0 ? ' ' : '/';
   }
   if (blank != std::string_view::npos) {
     std::string_view time = text.substr(blank + 1);

@@ -43,10 +43,10 @@ class ExifReader {
   // behind the head. A second load appends its entries to those of the first.
   void Load(std::string_view path);
 
-  // The value of the first entry with that number; empty if there is none. Number 0 gives how many
-  // entries there are.
+  // Of several entries with that number the one that was met first counts; empty without one. 0
+  // asks how many entries there are of all.
   ExifValue Tag(std::int32_t number) const;
-  // No entry is ever marked as one of a maker's note: empty.
+  // Makers' notes aren't walked: always empty.
   ExifValue MakerNoteTag(std::int32_t number) const;
 
  private:
@@ -74,7 +74,7 @@ class ExifReader {
   ExifValue ValueOf(const TagRecord& record) const;
   ExifValue FarValue(const TagRecord& record) const;
   ExifValue InlineValue(const TagRecord& record) const;
-  static std::int32_t AsNumber(const ExifValue& value);
+  std::int32_t AsNumber(const TagRecord& record) const;
 
   Files& files_;
   std::vector<char> image_;  // the head

@@ -50,13 +50,14 @@ class SystemRandomAccessFile : public RandomAccessFile {
 };
 
 // A pipe without a writer would hold up a blocking open for ever. A file that exists is opened
-// without a word of creating, which some folders don't allow for the files of others.
+// without a word of creating, which some folders don't allow for the files of others; and a link
+// that leads nowhere makes no file where it leads.
 FileDescriptor OpenRegular(const std::string& path, FileAccess access) {
   const int flags =
       O_NONBLOCK | O_NOCTTY | O_CLOEXEC | (access == FileAccess::WriteOrCreate ? O_RDWR : O_RDONLY);
   const int file = open(path.c_str(), flags);
   if (file >= 0 || errno != ENOENT || access == FileAccess::Read) return FileDescriptor(file);
-  return FileDescriptor(open(path.c_str(), flags | O_CREAT, 0666));
+  return FileDescriptor(open(path.c_str(), flags | O_CREAT | O_EXCL, 0666));
 }
 
 FileError CheckRegular(int file, struct stat& facts) {

@@ -122,7 +122,7 @@ class Form1 {
   void WireButtons();
   void SetInitialOptions();
   void ClearStatusBar();
-  // Named steps that have little to do as long as nothing is stored, styled or read from tags.
+  // Named steps that have little to do as long as nothing is stored or styled.
   void LoadSkin();
   void BuildPaths();
   void CreateThumbnailGenerator();

@@ -81,6 +81,16 @@ TEST_F(FileDatesTest, CommandsAreReadAsTheyStand) {
   EXPECT_FALSE(folder.Exists("gone"));
 }
 
+// What can't be opened fails; what the system refuses behind that counts as done all the same.
+TEST_F(FileDatesTest, ARunTellsOfFilesThatCantBeOpened) {
+  List({"f", "g"});
+  files.FailPath(FileCall::SetTime, Path(), FileError::NotPermitted);
+  Set("TabIndex=3|Option_ChangeFileDate=True|Combo_UpdateDateType=2");
+  run.RenameFiles(0, {});
+  EXPECT_EQ(NewNames(), (Lines{"error", "success"}));
+  EXPECT_EQ(Short(log.lines[1]), "0 ~/f > ~/<DateAccessed,9/11/2005 00:01:01>");
+}
+
 // What a run sets and its record puts back differ by the zone's offset. It must be so.
 TEST_F(FileDatesTest, AnUndoShiftsByTheZone) {
   List({"f"});

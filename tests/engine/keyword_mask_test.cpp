@@ -7,6 +7,8 @@
 namespace tallowbrook {
 namespace {
 
+using std::string_literals::operator""s;
+
 class KeywordMaskTest : public EngineTest {
  protected:
   KeywordMaskTest() { Set("TabIndex=3"); }
@@ -19,13 +21,17 @@ class KeywordMaskTest : public EngineTest {
 
 TEST_F(KeywordMaskTest, KeywordsBecomeFactsOfTheFile) {
   folder.Write("a.b.txt");
-  folder.SetTime("a.b.txt", 951782400);  // 29 February 2000, 00:00:00
+  folder.SetTime("a.b.txt", 951780600);  // 28 February 2000, 23:30:00, in universal time
   clock.offset = 3600;
   const std::string name = folder.Path().substr(0, folder.Path().size() - 1);
   const std::string created = FormatDate(UniversalDate(disk.Facts(folder.Path("a.b.txt"))->created),
                                          "d dd m mm yy yyyy", EnglishDateNames());
   folder.Write("p.JPG", PhotoTakenAt("2011:07:08 09:00:11"));
   folder.Write("none.jpeg");
+  folder.Write(
+      "tenth.jpg",
+      Photo(ByteOrder::Little,
+            {{282, 5, 1, Bytes(ByteOrder::Little, 300, 4) + Bytes(ByteOrder::Little, 10, 4)}}, {}));
   struct Row {
     std::string file, mask, expected;
   };
@@ -37,17 +43,17 @@ TEST_F(KeywordMaskTest, KeywordsBecomeFactsOfTheFile) {
       {"a.b.txt", "<fmd> <fmdd> <fmm> <fmmm> <fmyy> <fmyyyy>", "29 29 2 02 00 2000"},
       {"p.JPG", "<exif_d> <exif_dd> <exif_m> <exif_mm> <exif_yy> <exif_yyyy>", "8 08 7 07 11 2011"},
       {"p.JPG", "<exif_h> <exif_hh> <exif_M> <exif_MM> <exif_s> <exif_ss>", "9 09 0 00 11 11"},
-      {"p.JPG", "<exif_width>x<exif_height> <exif_xres> <exif_yres>", "4000x3000 72 300"},
+      {"p.JPG", "<exif_width>x<exif_height> <exif_xres> <exif_yres>", "4000x3000 72 300"}, {"tenth.jpg", "<exif_xres>", "3000"},
       {"none.jpeg", "<exif_d>.<exif_mm>.<exif_yyyy> <exif_yy> <exif_h><exif_width>", "30.12.1899 99 0"},
       {"a.b.txt", "<exif_d><exif_width>-", "-"}, {"p.JPG", "<exif_D>", "<exif_D>"},
       // Without a file its dates are the present one.
       {"gone.txt", "<fcd>.<fmmm>.<fcyyyy>", "29.02.2024"},
       {"a.b.txt", "no keyword", "no keyword"}, {"a.b.txt", "<FILENAME> <xyz>", "<FILENAME> <xyz>"},
-      {"abcdef.x", "<left,3>|<LEFT,2>|<right,2>|<mid,2,3>|<mid,5,9>|<mid,9,1>", "abc|ab|ef|bcd|ef|"},
+      {"abcdef.x", "<left,3>|<LEFT,2>|<right,2>|<MID,2,3>|<mid,5,9>|<mid,9,1>", "abc|ab|ef|bcd|ef|"},
       {"\xC3\xA4\xE2\x82\xAC.x", "<left,1><right,1><mid,2,1>", "\xC3\xA4\xE2\x82\xAC\xE2\x82\xAC"},
       {"ab.x", "<left,3>|<left,2.5>|<left, 1 >|<left,1,x>", "ab|ab|a|a"},
       // What is no number takes the length before it, or none.
-      {"abc.x", "<left,x><left,2>", "<left,x><left,2>"}, {"abc.x", "<left,2><left,x>", "abab"},
+      {"abc.x", "<left,x><left,2>", "<left,x><left,2>"}, {"abc.x", "<left,2><left,x><left,>", "ababab"},
       {"abc.x", "<left,0>-<left,2>", "<left,0>-<left,2>"}, {"abc.x", "<left,-1>", "<left,-1>"}, {"abc.x", "<left,3", "<left,3"},
       {"abc.x", "<mid,0,1>-<mid,1,1>", "<mid,0,1>-<mid,1,1>"}, {"abc.x", "<mid,1>|<mid,1,-1>", "<mid,1>|<mid,1,-1>"},
       {"abc.x", "<mid,?,?>-<left,?>-<right,?>", "--"},
@@ -84,17 +90,53 @@ TEST_F(KeywordMaskTest, APhotoIsReadOnceAndOnlyIfAskedFor) {
   EXPECT_EQ(preview.BuildSampleFileName(), "<foldername>-filename.abc-2024");
 }
 
-TEST(Created, ShowsUniversalTimeInTextOfTwoDigitYears) {
-  TemporaryFolder folder;
-  SystemFiles files;
-  const auto text = [](DateFields fields) {
-    FileFacts facts;
-    facts.created = MakeDate(fields)->seconds - secondsToPosixEpoch;
-    return CreatedText(facts, EnglishDateNames());
+// Texts that bring each other in by the dozen: a step that would make too much of them is left out.
+TEST_F(KeywordMaskTest, TextsThatMultiplyEachOtherComeToAnEnd) {
+  const auto times = [](int count, const std::string& text) {
+    std::string all;
+    for (int i = 0; i < count; ++i) all += text;
+    return all;
   };
-  EXPECT_EQ(text({2024, 2, 9, 15, 7, 9}), "Feb 09 24 15:07:09");
-  EXPECT_EQ(text({1899, 12, 30, 0, 0, 0}), "(no date)");
-  EXPECT_EQ(GetFileCreated(files, folder.Path("gone"), EnglishDateNames()), "");
+  constexpr std::size_t most = 64 << 10;
+  EXPECT_LE(Expand("<filename>.<ext>", times(25, "<left,250>") + ".x").size(), most);
+  const auto text = [](std::uint32_t tag, const std::string& value) {
+    return ExifEntry{tag, 2, static_cast<std::uint32_t>(value.size()), value};
+  };
+  folder.Write(
+      "p.jpg",
+      Photo(ByteOrder::Big, {text(282, times(100, "<exif_yres>")), text(283, times(200, "y"))},
+            {text(40962, times(150, "<exif_height>")), text(40963, times(100, "<exif_xres>"))}));
+  EXPECT_LE(Expand("<exif_width>", "p.jpg").size(), most);
+  EXPECT_EQ(Expand("<exif_yres>", "p.jpg"), times(200, "y"));
+}
+
+// A photo's texts name its own file, and nothing else on the disk.
+TEST_F(KeywordMaskTest, APhotoDoesntSteerTheDisk) {
+  const std::string texts[] = {"../up.x.", "/tmp/up.x", "a\0b.x."s, "<DateMod"};
+  folder.MakeFolder("camera");
+  for (std::size_t i = 0; i < std::size(texts); ++i) {
+    folder.Write("camera/" + std::to_string(i) + ".jpg",
+                 Photo(ByteOrder::Big, {{40962, 2, 8, texts[i]}}, {}));
+  }
+  Scan("camera");
+  const Lines before = folder.Names("camera");
+  Set("RTxt_Unique_Other", "<exif_width>");
+  run.RenameFiles(0, {});
+  EXPECT_EQ(NewNames(), (Lines{"error", "error", "error", "success"}));
+  EXPECT_EQ(folder.Names("camera"), before);
+  EXPECT_EQ(folder.Names(), Lines{"camera"});
+}
+
+TEST(Created, IsInUniversalTimeFrom1900On) {
+  const auto created = [](const char* date) {
+    FileFacts facts;
+    facts.created = ParseDateText(date)->seconds - secondsToPosixEpoch;
+    return GetFileCreated(facts).value_or(Date{});
+  };
+  for (const char* date : {"2/9/2024 3:07:09 PM", "7/1/2031", "12/31/1899"})
+    EXPECT_EQ(GeneralDateText(created(date)), date);
+  EXPECT_EQ(created("12/29/1899"), Date{});
+  EXPECT_FALSE(GetFileCreated(std::nullopt).has_value());
   EXPECT_EQ(LastFolderName("/a/b c/"), "b c");
   EXPECT_EQ(LastFolderName("alone"), "alone");
   EXPECT_EQ(LastFolderName("/"), "");

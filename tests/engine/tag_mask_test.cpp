@@ -1,6 +1,7 @@
 // Names from tags: what each keyword stands for, what counts as missing, and why a file is refused.
 #include "engine/tag_mask.h"
 
+#include "engine/keywords.h"
 #include "tests/support/engine_fixture.h"
 
 namespace tallowbrook {
@@ -61,7 +62,8 @@ TEST_F(TagMaskTest, FieldsAreFilledInOrTheFileIsRefused) {
       {"a.wav", "<v1Title>", "<0>Not an MP3 File", mp3}, {"mp3", "x", "<0>Not an MP3 File", ""}, {".mp3", "x", "x", ""},
       {"V2.MP3", "<v1Title>", no1, mp3}, {"v1.mp3", "<v2Title>", no2, mp3}, {"v1.mp3", "<v1Title><v2Title>", no2, ""},
       {"V2.MP3", "<v1Title><v2Title>", no1, ""}, {"none.mp3", "<v1Title><v2Title>", no2, all}, {"none.mp3", "x", "x.mp3", mp3},
-      {"gone.mp3", "<v1Title>", no1, ""}, {"gone.mp3", "<v2Title>", no2, ""},
+      // What isn't there has nothing of the file before it.
+      {"both.mp3", "<v1Title><v2Title>", "TT2", ""}, {"gone.mp3", "<v1Title>", no1, ""}, {"gone.mp3", "<v2Title>", no2, ""},
       // What is missing; genre 0 is a genre of version 1 alone.
       {"v1.mp3", "<v1Genre>", "0", all}, {"v1.mp3", "<v1Track>", missing, all}, {"v1.mp3", "<v1Album>", missing, all},
       {"V2.MP3", "<v2Genre>", missing, all}, {"V2.MP3", "<v2GenreName>", "Blues", all}, {"empty.mp3", "<v2Title>", missing, all + "|" + mp3},
@@ -75,6 +77,41 @@ TEST_F(TagMaskTest, FieldsAreFilledInOrTheFileIsRefused) {
     EXPECT_EQ(Compose(row.mask, row.file, row.boxes), row.expected) << row.file << " " << row.mask;
   }
   EXPECT_FALSE(folder.Exists("gone.mp3"));
+}
+
+TEST_F(TagMaskTest, EachKeywordIsItsOwnField) {
+  Write("f.mp3", true, true);
+  cMP3ID3v1 v1(files);
+  v1.SetMP3File(folder.Path("f.mp3"));
+  v1.Album = "b", v1.Comment = "c", v1.Year = "1987", v1.Genre = 1, v1.Track = 4;
+  v1.Update();
+  cMP3ID3v2 v2(files);
+  v2.SetMP3File(folder.Path("f.mp3"));
+  v2.SetAlbum("B"), v2.SetArtist("A"), v2.SetComment("K"), v2.SetCopyright("R"),
+      v2.SetEncodedBy("E");
+  v2.SetLinkTo("L"), v2.SetOriginalArtist("O"), v2.SetYear("1988"), v2.SetGenre(2);
+  v2.Update();
+  std::string mask;
+  for (const Keyword& row : TagKeywords()) mask.append(row.keyword) += "|";
+  EXPECT_EQ(Compose(mask, "f.mp3"),
+            "b|A|c|1|Classic Rock|T|4|1987|B|A|K|C|R|E|2|Country|L|O|T2|3/9|1988|");
+}
+
+// Fields that name each other by the hundred: a step that would make too much of them is left out.
+TEST_F(TagMaskTest, FieldsThatMultiplyEachOtherComeToAnEnd) {
+  Write("f.mp3", false, true);
+  const auto times = [](int count, const std::string& text) {
+    std::string all;
+    for (int i = 0; i < count; ++i) all += text;
+    return all;
+  };
+  cMP3ID3v2 tag(files);
+  tag.SetMP3File(folder.Path("f.mp3"));
+  tag.SetAlbum(times(200, "<v2Artist>")), tag.SetArtist(times(200, "<v2Title>"));
+  tag.SetTitle(times(200, "<v2Year>")), tag.SetYear(times(200, "y"));
+  tag.Update();
+  EXPECT_LE(Compose("<v2Album>", "f.mp3").size(), std::size_t{64} << 10);
+  EXPECT_EQ(Compose("<v2Year>", "f.mp3"), times(200, "y"));
 }
 
 // A tag names its own file, and nothing else on the disk.
