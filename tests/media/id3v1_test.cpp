@@ -53,7 +53,7 @@ class Id3v1 : public testing::Test {
 // A plain v1 comment of 30 characters loses two of them and has a track: no byte tells them apart.
 TEST_F(Id3v1, IsTheLast128BytesOfALongerFile) {
   const std::string plain = Tag("T", "c", '\0', 7, 17);
-  const std::string none = "|||||0|255";
+  const std::string none = "|||||0|255", full(28, '-');
   // clang-format off
   const std::pair<std::string, std::string> rows[] = {
       {"x" + plain, "T|A|B|1999|c|7|17"},
@@ -61,7 +61,7 @@ TEST_F(Id3v1, IsTheLast128BytesOfALongerFile) {
       {"xTag" + plain.substr(3), none},
       {"x" + Tag("a\0b\0\0 c"s, "c", '\0', 0, '\xff', '\0'), "ab c|A|B|1999|c|0|255"},
       {"x" + Tag("  \0 t \0 \t"s, "", '\1', '\xff', 0), "t  \t|A|B|1999||255|0"},
-      {"x" + Tag("\x80\x81\xe9\xff", std::string(28, '-'), 'Y', 'Z', 1), "€\u0081éÿ|A|B|1999|" + std::string(28, '-') + "|90|1"},
+      {"x" + Tag("\x80\x81\xe9\xff", full, 'Y', 'Z', 1), "€\u0081éÿ|A|B|1999|" + full + "|90|1"},
   };
   // clang-format on
   for (const auto& [bytes, fields] : rows) {
@@ -82,7 +82,7 @@ TEST_F(Id3v1, UpdateOverwritesATagOrTheLastByteWithFixedWidths) {
   const std::pair<std::string, std::string> rows[] = {
       {audio + "y", audio + made},
       {audio + Tag("old", "old", 'Y', 1, 2, '\0'), audio + made},
-      {audio + "tag" + Tag("", "", 0, 0, 0).substr(3), audio + "tag" + Tag("", "", 0, 0, 0).substr(3, 124) + made},
+      {audio + "tag" + std::string(125, '.'), audio + "tag" + std::string(124, '.') + made},
       {Tag("old", "", 0, 0, 0), Tag("old", "", 0, 0, 0)},
       {"x", "x"},
   };

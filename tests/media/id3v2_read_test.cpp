@@ -75,17 +75,20 @@ class Id3v2Read : public testing::Test {
 TEST_F(Id3v2Read, WalksTheFramesByPlainSizesAndCharges) {
   const std::string ten = TextFrame("TIT2", "123456789"), end(10, '\0');
   const std::string T = TextFrame("TIT2", "T"), A = TextFrame("TPE1", "A");
+  const std::string shortT = ShortFrame("TT2", "\0T"s), shortA = ShortFrame("TP1", "\0A"s);
+  const std::string most(496, 'x');
   // clang-format off
   const std::pair<std::string, std::string> rows[] = {
       {TagBytes(3, 100, T + A + end),                       "3 TIT2*1 TPE1*1|TIT2=T TPE1=A "},
       {TagBytes(4, 100, T + A + end),                       "4 TIT2*1 TPE1*1|TIT2=T TPE1=A "},
-      {TagBytes(1, 100, T + end), "1|"}, {TagBytes(5, 100, T + end), "5|"}, {TagBytes(3, 0x80000000, T + end), "3|"},
+      {TagBytes(1, 100, T + end), "1|"}, {TagBytes(5, 100, T + end), "5|"},
+      {TagBytes(3, 0x80000000, T + end), "3|"},
       {"ID3.", "46|"}, {"ID3\3", "3|"}, {"no tag", "0|"},
       // Charged 16 and the text for each; the fourth is dropped, and what follows it.
       {TagBytes(3, 103, ten + ten + ten + ten + T + end),   "3 TIT2*3|TIT2=123456789 "},
       {TagBytes(3, 104, ten + ten + ten + ten + T + end),   "3 TIT2*4|TIT2=123456789 "},
-      {TagBytes(3, 513, TextFrame("TALB", std::string(498, 'x')) + end), "3|"},
-      {TagBytes(3, 513, TextFrame("TALB", std::string(496, 'x')) + end), "3 TALB*1|TALB=" + std::string(496, 'x') + " "},
+      {TagBytes(3, 513, TextFrame("TALB", most + "x") + end), "3|"},
+      {TagBytes(3, 513, TextFrame("TALB", most) + end),     "3 TALB*1|TALB=" + most + " "},
       // The place in the file ends the walk too: with junk before the tag, sooner.
       {std::string(77, '.') + TagBytes(3, 100, T + A + end), "3 TIT2*1 TPE1*1|TIT2=T TPE1=A "},
       {std::string(78, '.') + TagBytes(3, 100, T + A + end), "3 TIT2*1|TIT2=T "},
@@ -100,8 +103,8 @@ TEST_F(Id3v2Read, WalksTheFramesByPlainSizesAndCharges) {
       {TagBytes(3, 100, FrameBytes("\xC4QQ\x80", "") + T + end),  "3 ÄQQ€*1 TIT2*1|TIT2=T "},
       {TagBytes(3, 100, T + "T\xFF"),                       "3 TIT2*1 T\u00ff\0\0*1|TIT2=T "s},
       // Three letters, no flags, charged 9.
-      {TagBytes(2, 27, ShortFrame("TT2", "\0T"s) + ShortFrame("TP1", "\0A"s)), "2 TIT2*1 TPE1*1|TIT2=T TPE1=A "},
-      {TagBytes(2, 21, ShortFrame("TT2", "\0T"s) + ShortFrame("TP1", "\0A"s)), "2 TIT2*1|TIT2=T "},
+      {TagBytes(2, 22, shortT + shortA), "2 TIT2*1 TPE1*1|TIT2=T TPE1=A "},
+      {TagBytes(2, 21, shortT + shortA), "2 TIT2*1|TIT2=T "},
       {TagBytes(2, 200, ShortFrame("TAL", "a") + ShortFrame("COM", "c") + ShortFrame("TRK", "t") +
                         ShortFrame("TEN", "e") + ShortFrame("TYE", "y") + ShortFrame("TCO", "g") +
                         ShortFrame("PIC", "p") + ShortFrame("tt2", "p") + "\0\0\0"s),
@@ -191,14 +194,14 @@ TEST_F(Id3v2Read, RaisesForWhatCannotBeReadAndKeepsWhatWas) {
 }
 
 // As frames of nothing, all alike or all different, and as one text; the tag's size says 2 GiB.
-TEST_F(Id3v2Read, TakesMillionsOfFramesAndReadsANormalTagInOneGo) {
+TEST_F(Id3v2Read, TakesAnyNumberOfFramesAndReadsANormalTagInOneGo) {
   std::string different, alike;
-  for (std::uint32_t i = 0; i < 300000; ++i) different += FrameHead(BigEndianBytes(i + 1), 0);
-  for (int i = 0; i < 500000; ++i) alike += ShortFrame("COM", "");
+  for (std::uint32_t i = 0; i < 100000; ++i) different += FrameHead(BigEndianBytes(i + 1), 0);
+  for (int i = 0; i < 200000; ++i) alike += ShortFrame("COM", "");
   EXPECT_EQ(Load(TagBytes(3, 0x7FFFFFFF, different)), 0u);
-  EXPECT_EQ(tag_.FrameCount(), 300000);
+  EXPECT_EQ(tag_.FrameCount(), 100000);
   EXPECT_EQ(Load(TagBytes(2, 0x7FFFFFFF, alike)), 0u);
-  EXPECT_EQ(tag_.TagsInFrame("COMM"), 500000);
+  EXPECT_EQ(tag_.TagsInFrame("COMM"), 200000);
   const int before = files_.Count(FileCall::Read);
   EXPECT_EQ(Load(TagBytes(3, 4000, TextFrame("TIT2", "T")) + std::string(9000, '\0')), 0u);
   EXPECT_EQ(

@@ -59,16 +59,20 @@ TEST_F(Id3v2Write, PutsEachFrameBehindAZeroByteInTheOrderOfTheStore) {
   // clang-format off
   const std::pair<Edit, std::string> rows[] = {
       {[](auto&) {}, ""},
-      {[](auto& tag) { tag.SetTitle("Hi"); }, TextFrame("TIT2", "Hi")},
-      {[](auto& tag) { tag.SetTitle(""); tag.SetYear("\u20ac\u6f22"); tag.SetTitle("x"); }, TextFrame("TYER", "\x80?") + TextFrame("TIT2", "x")},
-      {[](auto& tag) { tag.SetComment("c"); tag.SetLyrics("l"); tag.SetLinkTo("w"); tag.SetPlayCounter("9"); },
-       FrameBytes("COMM", "\0\0\0c"s) + FrameBytes("USLT", "\0\0l"s) + FrameBytes("WXXX", "\0\0w"s) + TextFrame("PCNT", "9")},
-      {[](auto& tag) { tag.SetGenre(17); }, TextFrame("TCON", "(17)")},
-      {[](auto& tag) { tag.SetOtherGenreName("x"); }, TextFrame("TCON", "(255)x")},
-      {[](auto& tag) { tag.AddTag("LONGER", "1"); tag.AddTag("AB", "2"); tag.AddTag("AID3", "3"); tag.AddTag("LONGER", "4"); },
+      {[](auto& t) { t.SetTitle("Hi"); }, TextFrame("TIT2", "Hi")},
+      {[](auto& t) { t.SetTitle(""); t.SetYear("\u20ac\u6f22"); t.SetTitle("x"); },
+       TextFrame("TYER", "\x80?") + TextFrame("TIT2", "x")},
+      {[](auto& t) { t.SetComment("c"); t.SetLyrics("l"); t.SetLinkTo("w"); t.SetPlayCounter("9"); },
+       FrameBytes("COMM", "\0\0\0c"s) + FrameBytes("USLT", "\0\0l"s) +
+           FrameBytes("WXXX", "\0\0w"s) + TextFrame("PCNT", "9")},
+      {[](auto& t) { t.SetGenre(17); }, TextFrame("TCON", "(17)")},
+      {[](auto& t) { t.SetOtherGenreName("x"); }, TextFrame("TCON", "(255)x")},
+      {[](auto& t) { t.AddTag("LONGER", "1"); t.AddTag("AB", "2"); t.AddTag("AID3", "3");
+          t.AddTag("LONGER", "4"); },
        TextFrame("LONG", "1") + TextFrame("LONG", "4") + TextFrame("AB\0\0"s, "2")},
-      {[](auto& tag) { tag.AddTag("ID3x", ""); tag.RemoveTag("ID3x", 1); }, ""},
-      {[](auto& tag) { tag.AddTag("PRIV", "1"); tag.RemoveTag("PRIV", 1); tag.RemoveFrame("PRIV"); tag.AddTag("PRIV", "2"); }, TextFrame("PRIV", "2")},
+      {[](auto& t) { t.AddTag("ID3x", ""); t.RemoveTag("ID3x", 1); }, ""},
+      {[](auto& t) { t.AddTag("PRIV", "1"); t.RemoveTag("PRIV", 1); t.RemoveFrame("PRIV");
+          t.AddTag("PRIV", "2"); }, TextFrame("PRIV", "2")},
   };
   // clang-format on
   for (const auto& [edit, frames] : rows) {
@@ -83,7 +87,11 @@ TEST_F(Id3v2Write, GoesOverATagThatIsLargerAndElseBeforeTheFile) {
                                    rest = std::string(1985, 'r') + audio;
   constexpr std::size_t whole = 65535;
   // clang-format off
-  const struct { std::string before; std::size_t image; std::size_t padding, at; std::uint32_t size, raised; } rows[] = {
+  const struct {
+    std::string before;
+    std::size_t image, padding, at;  // at: where the image goes
+    std::uint32_t size, raised;      // size: as the new tag tells it
+  } rows[] = {
       {TagBytes(3, 2048, old) + rest, 2047, 0, 0, 2048, 0},
       {TagBytes(3, 2048, old) + rest, 2048, 2048, 0, 4096, 0},
       {TagBytes(2, 60, "") + rest, 59, 0, 0, 60, 0}, {"ID3\4\1\xFF\0\0\0\x3C"s + rest, 59, 0, 0, 60, 0},
