@@ -50,8 +50,8 @@ class TagEditor {
   Text Txt_v1Album{screen, {.name = "Txt_v1Album", .caption = "Album"}};
   Text Txt_v1Track{screen, {.name = "Txt_v1Track", .caption = "Track"}};
   Text Txt_v1Year{screen, {.name = "Txt_v1Year", .caption = "Year"}};
-  Text Txt_v1Genre{screen, {.name = "Txt_v1Genre", .caption = "Genre", .tip = "The genre as the file has it"}};
-  List Combo_v1Genre{screen, {.name = "Combo_v1Genre", .tip = "The genre that is saved"}};
+  Text Txt_v1Genre{screen, {.name = "Txt_v1Genre", .caption = "Genre", .tip = "What the file has"}};
+  List Combo_v1Genre{screen, {.name = "Combo_v1Genre", .tip = "What a save writes"}};
   TextLines Txt_v1Comments{screen, {.name = "Txt_v1Comments", .caption = "Comments"}};
 
   Frame Frame2{screen, {.name = "Frame2", .caption = "ID3v2"}};
@@ -60,8 +60,8 @@ class TagEditor {
   Text Txt_v2Album{screen, {.name = "Txt_v2Album", .caption = "Album"}};
   Text Txt_v2Track{screen, {.name = "Txt_v2Track", .caption = "Track"}};
   Text Txt_v2Year{screen, {.name = "Txt_v2Year", .caption = "Year"}};
-  Text Txt_v2Genre{screen, {.name = "Txt_v2Genre", .caption = "Genre", .tip = "The genre as the file has it"}};
-  List Combo_v2Genre{screen, {.name = "Combo_v2Genre", .tip = "The genre that is saved"}};
+  Text Txt_v2Genre{screen, {.name = "Txt_v2Genre", .caption = "Genre", .tip = "What the file has"}};
+  List Combo_v2Genre{screen, {.name = "Combo_v2Genre", .tip = "What a save writes"}};
   TextLines Txt_v2Comments{screen, {.name = "Txt_v2Comments", .caption = "Comments"}};
   Text Txt_v2OriginalArtist{screen, {.name = "Txt_v2OriginalArtist", .caption = "Original Artist"}};
   Text Txt_v2Copyright{screen, {.name = "Txt_v2Copyright", .caption = "Copyright"}};
