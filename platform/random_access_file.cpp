@@ -57,7 +57,10 @@ FileDescriptor OpenRegular(const std::string& path, FileAccess access) {
       O_NONBLOCK | O_NOCTTY | O_CLOEXEC | (access == FileAccess::WriteOrCreate ? O_RDWR : O_RDONLY);
   const int file = open(path.c_str(), flags);
   if (file >= 0 || errno != ENOENT || access == FileAccess::Read) return FileDescriptor(file);
-  return FileDescriptor(open(path.c_str(), flags | O_CREAT | O_EXCL, 0666));
+  const int made = open(path.c_str(), flags | O_CREAT | O_EXCL, 0666);
+  // Such a link, or somebody made the file this moment.
+  if (made < 0 && errno == EEXIST) return FileDescriptor(open(path.c_str(), flags));
+  return FileDescriptor(made);
 }
 
 FileError CheckRegular(int file, struct stat& facts) {
