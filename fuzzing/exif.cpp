@@ -3,10 +3,10 @@
 // Aborts if anything but a Failure is thrown, if the file is read more than once, or if a value is
 // longer than the head of a file can make it.
 #include <cstdint>
-#include <cstdlib>
 
 #include "base/failure.h"
 #include "fuzzing/memory_files.h"
+#include "fuzzing/require.h"
 #include "media/exif_reader.h"
 
 namespace {
@@ -15,10 +15,6 @@ using namespace tallowbrook;
 
 // Three digits a byte of the head.
 constexpr std::size_t longestValue = 3 * 7001;
-
-void Require(bool holds) {
-  if (!holds) std::abort();
-}
 
 }  // namespace
 

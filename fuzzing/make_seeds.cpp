@@ -13,7 +13,8 @@ struct Target {
   Seeds (*seeds)();
 };
 
-constexpr Target targets[] = {{"log", LogSeeds},
+constexpr Target targets[] = {{"exif", ExifSeeds},
+                              {"log", LogSeeds},
                               {"id3v1", Id3v1Seeds},
                               {"id3v2_read", Id3v2Seeds},
                               {"id3v2_write", Id3v2Seeds}};

@@ -8,6 +8,10 @@ namespace tallowbrook {
 
 using Seeds = std::vector<std::string>;
 
+// Adds each seed cut at some places, and with some bytes replaced.
+void AddDisturbed(Seeds& seeds);
+
+Seeds ExifSeeds();
 Seeds LogSeeds();
 Seeds Id3v1Seeds();
 Seeds Id3v2Seeds();
