@@ -29,11 +29,12 @@ constexpr std::int64_t EndOfChunkAround(std::int64_t at) {
 constexpr std::size_t stride = 256;
 
 bool IsHit(const char* bytes) {
-  unsigned hits = 0;
+  unsigned char hits = 0;
   for (std::size_t i = 0; i < stride; ++i) {
     const char* at = bytes + i;
-    hits |= (at[0] == marker[0]) & (at[1] == marker[1]) & (at[2] == marker[2]);
-    hits |= (at[0] == sentinel[0]) & (at[1] == sentinel[1]);
+    const unsigned char notMarker = (at[0] ^ marker[0]) | (at[1] ^ marker[1]) | (at[2] ^ marker[2]);
+    const unsigned char notSentinel = (at[0] ^ sentinel[0]) | (at[1] ^ sentinel[1]);
+    hits |= notMarker == 0 || notSentinel == 0;
   }
   return hits != 0;
 }
