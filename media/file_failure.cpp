@@ -64,7 +64,8 @@ void Raise(std::uint32_t number, std::string_view source) {
 }
 
 std::string SourceOf(std::string_view reader) {
-  return ProgramName() + "." + std::string(reader);
+  static const std::string program = ProgramName();  // a question to the system, for every file read
+  return program + "." + std::string(reader);
 }
 
 }  // namespace tallowbrook
