@@ -64,7 +64,7 @@ void Raise(std::uint32_t number, std::string_view source) {
 }
 
 std::string SourceOf(std::string_view reader) {
-  static const std::string program = ProgramName();  // a question to the system, for every file read
+  static const std::string program = ProgramName();  // asked of the system
   return program + "." + std::string(reader);
 }
 
