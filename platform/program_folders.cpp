@@ -70,7 +70,7 @@ ProgramFolders ChooseFolders(const std::string& program, const std::string& xdgD
 }
 
 std::string ProgramName() {
-  static const std::string path = ProgramPath();
+  const std::string path = ProgramPath();
   return std::string(BaseNameOf(std::string_view(path).substr(path.rfind('/') + 1)));
 }
 
