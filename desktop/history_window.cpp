@@ -2,8 +2,8 @@
 
 #include <QPushButton>
 #include <QStackedLayout>
-#include <QStatusBar>
 #include <QTimer>
+#include <QVBoxLayout>
 
 #include "desktop/history_tables.h"
 #include "desktop/look.h"
@@ -21,19 +21,9 @@ HistoryWindow::HistoryWindow(LogHistory& model, QWidget* over)
   setWindowTitle(ToText(LogHistory::caption));
   setWindowModality(Qt::WindowModal);
   setSizeGripEnabled(false);
-  auto* column = new QVBoxLayout(this);
-  column->setContentsMargins(0, 0, 0, 0);
-  column->setSpacing(0);
-  auto* body = new QVBoxLayout;
-  body->setContentsMargins(margin, margin, margin, margin);
-  body->setSpacing(margin);
+  QVBoxLayout* body = MakeBody(*this, model.statusBar, status_);
   body->addLayout(MakeLists(), 1);
   body->addLayout(MakeButtons());
-  column->addLayout(body, 1);
-  auto* bar = new QStatusBar(this);
-  bar->setSizeGripEnabled(false);
-  status_ = std::make_unique<StatusPanes>(model.statusBar, *bar);
-  column->addWidget(bar);
   model_.close = [this] { accept(); };
   resize(firstSize);
 }

@@ -2,6 +2,7 @@
 
 #include <QHBoxLayout>
 #include <QStatusBar>
+#include <QVBoxLayout>
 
 #include "desktop/look.h"
 
@@ -46,6 +47,21 @@ void StatusPanes::Changed() {
 void StatusPanes::Show() {
   message_.ShowText(status_.Pane(0));
   count_.ShowText(status_.Pane(1));
+}
+
+QVBoxLayout* MakeBody(QWidget& window, StatusBar& status, std::unique_ptr<StatusPanes>& panes) {
+  auto* column = new QVBoxLayout(&window);
+  column->setContentsMargins(0, 0, 0, 0);
+  column->setSpacing(0);
+  auto* body = new QVBoxLayout;
+  body->setContentsMargins(margin, margin, margin, margin);
+  body->setSpacing(margin);
+  column->addLayout(body, 1);
+  auto* bar = new QStatusBar(&window);
+  bar->setSizeGripEnabled(false);
+  panes = std::make_unique<StatusPanes>(status, *bar);
+  column->addWidget(bar);
+  return body;
 }
 
 }  // namespace tallowbrook

@@ -4,11 +4,14 @@
 // pane paints more than 20 times a second, whatever is written to it.
 #pragma once
 
+#include <memory>
+
 #include "base/status_bar.h"
 #include "desktop/elided_label.h"
 #include "desktop/throttle.h"
 
 class QStatusBar;
+class QVBoxLayout;
 
 namespace tallowbrook {
 
@@ -32,5 +35,8 @@ class StatusPanes {
   ElidedLabel& count_;
   Throttle throttle_;
 };
+
+// Lays a window out as a body above its status bar; the body's layout comes back.
+QVBoxLayout* MakeBody(QWidget& window, StatusBar& status, std::unique_ptr<StatusPanes>& panes);
 
 }  // namespace tallowbrook

@@ -9,7 +9,7 @@
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QShortcut>
-#include <QStatusBar>
+#include <QVBoxLayout>
 #include <initializer_list>
 
 #include "desktop/look.h"
@@ -95,12 +95,7 @@ TagEditorWindow::TagEditorWindow(TagEditor& model, QWidget* over)
   setObjectName(QStringLiteral("frmEditID3Tag"));
   setWindowTitle(ToText(TagEditor::caption));
   setWindowModality(Qt::WindowModal);
-  auto* column = new QVBoxLayout(this);
-  column->setContentsMargins(0, 0, 0, 0);
-  column->setSpacing(0);
-  auto* body = new QVBoxLayout;
-  body->setContentsMargins(margin, margin, margin, margin);
-  body->setSpacing(margin);
+  QVBoxLayout* body = MakeBody(*this, model.statusBar, status_);
   body->addLayout(MakeFileName());
   auto* tags = new QHBoxLayout;
   tags->setSpacing(margin);
@@ -108,11 +103,6 @@ TagEditorWindow::TagEditorWindow(TagEditor& model, QWidget* over)
   tags->addWidget(MakeV2(), 1);
   body->addLayout(tags, 1);
   body->addLayout(MakeButtons());
-  column->addLayout(body, 1);
-  auto* bar = new QStatusBar(this);
-  bar->setSizeGripEnabled(false);
-  status_ = std::make_unique<StatusPanes>(model.statusBar, *bar);
-  column->addWidget(bar);
   MakeKeys();
   model_.close = [this] { accept(); };
   resize(firstSize);

@@ -152,9 +152,9 @@ class Files {
   // rename brings it to the original's path: in the folder for temporary files if that is of the
   // same mount, otherwise beside the original. On an error nothing is left of it.
   virtual FileError CopyPadded(const std::string& path, std::int64_t padding, PaddedCopy& copy) = 0;
-  // The times that a file or folder had, links followed; `which`, if any, is then set to a full second, and the
-  // others keep their nanoseconds. The time of creation can't be set: that changes nothing, as a
-  // refusal by the system does. Nothing if it can't be opened for writing.
+  // The times that a file or folder had, links followed; `which`, if any, is then set to a full
+  // second, and the others keep their nanoseconds. The time of creation can't be set: that changes
+  // nothing, as a refusal by the system does. Nothing if it can't be opened for writing.
   virtual std::optional<FileTimes> SetTime(const std::string& path, std::optional<FileTime> which,
                                            std::int64_t posixSeconds) = 0;
 };
