@@ -7,10 +7,10 @@
 #include <QGroupBox>
 #include <QLabel>
 #include <QLineEdit>
-#include <QPlainTextEdit>
 #include <QPushButton>
 #include <QRadioButton>
 
+#include "desktop/exact_text_edit.h"
 #include "desktop/lines_binding.h"
 #include "desktop/mask_edit.h"
 #include "desktop/quiet_combo.h"
@@ -46,7 +46,7 @@ QLineEdit* Binder::Add(Text& text, QWidget* parent) {
 }
 
 QPlainTextEdit* Binder::Add(TextLines& text, QWidget* parent) {
-  auto* edit = new QPlainTextEdit(parent);
+  auto* edit = new ExactTextEdit(parent);
   Keep(text, new LinesBinding(text, *edit));
   return edit;
 }

@@ -132,6 +132,7 @@ void FileTable::mousePressEvent(QMouseEvent* event) {
 void FileTable::mouseReleaseEvent(QMouseEvent* event) {
   RowTable::mouseReleaseEvent(event);
   const bool isRight = event->button() == Qt::RightButton;
+  if (isRight) HighlightForMenu(indexAt(event->position().toPoint()));
   if (operations_.MouseUp(RowAt(event->position().toPoint()), isRight)) {
     PopUpMenu(operations_.RightClick(), event->globalPosition().toPoint(), this);
   }
@@ -154,7 +155,8 @@ void FileTable::ShowHighlight(std::size_t row) {
 // The keys go on from the row that is shown.
 void FileTable::ScrollToRow(std::size_t row) {
   model_.Sync();
-  const QModelIndex index = model_.index(static_cast<int>(row) - 1, SectionOf(Column::Row));
+  // In a column that is in sight, so that nothing moves sideways.
+  const QModelIndex index = model_.index(static_cast<int>(row) - 1, std::max(columnAt(0), 0));
   selectionModel()->setCurrentIndex(index, QItemSelectionModel::NoUpdate);
   scrollTo(index);
 }
@@ -165,11 +167,19 @@ void FileTable::contextMenuEvent(QContextMenuEvent* event) {
   if (event->reason() != QContextMenuEvent::Mouse) PopUpAtCurrentRow();
 }
 
+// The menu acts on the highlighted rows, among which is the one that it is opened on.
+void FileTable::HighlightForMenu(const QModelIndex& index) {
+  if (index.isValid() && !selectionModel()->isSelected(index)) {
+    selectionModel()->select(index,
+                             QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+  }
+}
+
 void FileTable::PopUpAtCurrentRow() {
   model_.Sync();
   const QModelIndex current = currentIndex();
   if (!current.isValid()) return;
-  if (!selectionModel()->isSelected(current)) selectRow(current.row());
+  HighlightForMenu(current);
   scrollTo(current);
   if (!operations_.MouseUp(static_cast<std::size_t>(current.row()) + 1, true)) return;
   const QRect place = visualRect(model_.index(current.row(), SectionOf(Column::FileName)));

@@ -40,6 +40,7 @@ class FileTable : public RowTable {
   void SortBy(int section);
   void ShowHighlight(std::size_t row);
   void ScrollToRow(std::size_t row);
+  void HighlightForMenu(const QModelIndex& index);
   void PopUpAtCurrentRow();
   void Mark(const QItemSelection& ranges, bool selected);
   void RestoreHighlights();

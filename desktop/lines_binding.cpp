@@ -39,7 +39,7 @@ void LinesBinding::Hear() {
   text_.Set(ToBytes(lines.replace(QLatin1Char('\n'), QLatin1String("\r\n"))));
 }
 
-// A new text comes without the way back to the old one, which may be another file's.
+// A new text comes without the way back to the old one.
 void LinesBinding::ShowValue() {
   const QString lines = ToLines(text_.Value());
   if (LinesOf(edit_) != lines) edit_.setPlainText(lines);

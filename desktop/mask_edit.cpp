@@ -7,7 +7,6 @@
 #include <QStylePainter>
 #include <QSyntaxHighlighter>
 #include <algorithm>
-#include <utility>
 
 #include "desktop/look.h"
 #include "desktop/text.h"
@@ -61,7 +60,7 @@ class KeywordColours : public QSyntaxHighlighter {
   MaskEdit& edit_;
 };
 
-MaskEdit::MaskEdit(QWidget* parent) : QPlainTextEdit(parent), colours_(new KeywordColours(*this)) {
+MaskEdit::MaskEdit(QWidget* parent) : ExactTextEdit(parent), colours_(new KeywordColours(*this)) {
   setFrameShape(NoFrame);
   setLineWrapMode(NoWrap);
   setWordWrapMode(QTextOption::NoWrap);
@@ -200,11 +199,6 @@ MaskBinding::MaskBinding(MaskText& mask, MaskEdit& edit)
   }
 }
 
-void MaskBinding::TakeFocus() {
-  TypedBinding::TakeFocus();
-  edit_.moveCursor(QTextCursor::End);
-}
-
 // What the line can't show, such as a line break, stays in a mask that the user doesn't edit.
 void MaskBinding::Hear() {
   if (Showing()) return;
@@ -251,6 +245,8 @@ bool MaskBinding::eventFilter(QObject* watched, QEvent* event) {
   const bool isPress = event->type() == QEvent::KeyPress;
   if (isPress || event->type() == QEvent::KeyRelease) {
     HearKey(*static_cast<QKeyEvent*>(event), isPress);
+  } else if (event->type() == QEvent::FocusOut) {
+    pressed_.clear();
   }
   return TypedBinding::eventFilter(watched, event);
 }
@@ -260,8 +256,8 @@ void MaskBinding::HearKey(const QKeyEvent& event, bool isPress) {
   const int key = event.key();
   if (event.isAutoRepeat()) return;
   if (isPress) {
-    pressed_ = key;
-  } else if (std::exchange(pressed_, 0) == key && mask_.keyReleased) {
+    pressed_.insert(key);
+  } else if (pressed_.remove(key) && mask_.keyReleased) {
     mask_.keyReleased(key == Qt::Key_Return || key == Qt::Key_Enter);
   }
 }

@@ -4,16 +4,17 @@
 // part of it, so that undo and the input method know nothing of them.
 #pragma once
 
-#include <QPlainTextEdit>
+#include <QSet>
 #include <vector>
 
 #include "desktop/binding.h"
+#include "desktop/exact_text_edit.h"
 
 namespace tallowbrook {
 
 class KeywordColours;
 
-class MaskEdit : public QPlainTextEdit {
+class MaskEdit : public ExactTextEdit {
  public:
   explicit MaskEdit(QWidget* parent);
 
@@ -57,7 +58,6 @@ class MaskEdit : public QPlainTextEdit {
 class MaskBinding : public TypedBinding {
  public:
   MaskBinding(MaskText& mask, MaskEdit& edit);
-  void TakeFocus() override;
 
  protected:
   void ShowValue() override;
@@ -71,7 +71,7 @@ class MaskBinding : public TypedBinding {
 
   MaskText& mask_;
   MaskEdit& edit_;
-  int pressed_ = 0;
+  QSet<int> pressed_;  // keys that went down here
 };
 
 }  // namespace tallowbrook

@@ -191,8 +191,10 @@ void TagEditorWindow::MakeKeys() {
       {QKeySequence(Qt::ALT | Qt::Key_Right), model_.Cmd_Next},
       {QKeySequence(Qt::ALT | Qt::Key_Left), model_.Cmd_Previous}};
   for (const auto& [key, button] : keys) {
-    connect(new QShortcut(key, this), &QShortcut::activated, this,
-            [&pressed = button] { pressed.Press(); });
+    auto* shortcut = new QShortcut(key, this);
+    // A held key may step on and on, but saves once.
+    shortcut->setAutoRepeat(&button != &model_.Cmd_Save);
+    connect(shortcut, &QShortcut::activated, this, [&pressed = button] { pressed.Press(); });
   }
 }
 

@@ -1,11 +1,22 @@
 #include "media/frame_store.h"
 
+#include <random>
 #include <utility>
 
 #include "media/file_failure.h"
 
 namespace tallowbrook {
 namespace {
+
+// Of each run of the program another one: ids that were made to share the slots of a known table
+// would fill it slowly.
+std::size_t SecretFactor() {
+  static const std::size_t factor = [] {
+    std::random_device chance;
+    return (std::size_t{chance()} << 32 | chance()) | 1;
+  }();
+  return factor;
+}
 
 [[noreturn]] void RaiseHere(std::uint32_t number) {
   Raise(number, SourceOf("cMP3ID3v2"));
@@ -40,7 +51,8 @@ std::int32_t FrameStore::CountTexts(std::string_view id) const {
 
 std::size_t FrameStore::SlotOf(std::string_view id) const {
   const std::size_t mask = slots_.size() - 1;
-  std::size_t slot = std::hash<std::string_view>()(id) & mask;
+  // The upper half of the product: it depends on all bits below.
+  std::size_t slot = (std::hash<std::string_view>()(id) * SecretFactor() >> 32) & mask;
   while (slots_[slot] != 0 && IdOf(frames_[slots_[slot] - 1]) != id) slot = (slot + 1) & mask;
   return slot;
 }

@@ -71,7 +71,8 @@ std::int16_t Number(std::string_view text) {
   return static_cast<std::int16_t>(*whole);
 }
 
-// An entry stands in the lists before its parts are looked at: one that fails stays there, empty.
+// An entry stands in the lists before its parts are looked at: one that fails stays there without
+// what couldn't be read.
 void Fill(std::vector<std::string>& texts, std::vector<std::int16_t>& ids, std::string_view section,
           std::size_t firstLine) {
   texts.assign(1, {});
@@ -107,7 +108,7 @@ void GenreLists::LoadGenreLists(Files& files, const std::string& folder) {
   const std::vector<std::string_view> sections = Pieces(text, "~");
   const std::string_view first = Piece(sections, 0), second = Piece(sections, 1);
   Fill(GenreNamesV1, GenreIdsV1, first, 0);
-  // Line 0 of the second section is what stands between the "~" and the end of its line.
+  // The second section begins in the middle of the line that parts the two.
   Fill(GenreNamesV2, GenreIdsV2, second, 1);
 }
 

@@ -1,5 +1,5 @@
-// Genres: the fixed names that go with the numbers of tags, and the lists from which the tag editor
-// is filled. The two may disagree, and each keeps its own texts.
+// Genres, twice: the names that the program knows by number, and those that the tag editor offers,
+// which a user may change in a file. Neither corrects the other.
 #pragma once
 
 #include <cstdint>
@@ -11,11 +11,11 @@
 
 namespace tallowbrook {
 
-// Empty for a number without a name: 123, and 148 and above.
+// Nothing goes by 123, nor by 148 and above: an empty text.
 std::string_view GenreName(std::uint8_t number);
 
-// What the tag editor offers, from the file id3genre.cfg. Of each list index 0 holds nothing (an
-// empty name, number 0); entry 1 is the file's first.
+// What the tag editor offers, from the file id3genre.cfg. The lists count from 1; before that
+// stands an empty name with number 0.
 struct GenreLists {
   std::vector<std::string> GenreNamesV1{{}};
   std::vector<std::int16_t> GenreIdsV1{0};

@@ -31,7 +31,7 @@ void PutBigEndianSize(std::string& image, std::size_t at, std::int64_t size) {
   image.replace(at, sizeof bytes, bytes, sizeof bytes);
 }
 
-// Every frame gets a zero byte before its text, as if it were a text in the first encoding.
+// The zero byte says to readers of text frames that bytes are characters; other frames get it too.
 void AppendFrame(std::string& image, std::string_view id, std::string_view text) {
   if (id.empty()) RaiseHere(failureInvalidArgument);
   const std::size_t at = image.size();
@@ -74,7 +74,7 @@ std::int64_t Difference(std::int64_t newSize, std::int64_t oldSize) {
 
 }  // namespace
 
-// Between the two steps the file isn't there under its name. If deleting fails, the original is
+// For a moment nothing stands at the path. If deleting fails, the original is
 // whole and the copy stays beside it; if moving fails, the copy is the only one and stays.
 std::unique_ptr<RandomAccessFile> cMP3ID3v2::InsertPadding(std::int64_t count) {
   const std::string source = SourceOf("cMP3ID3v2");

@@ -1,7 +1,7 @@
 // The tag's fields, in the order of the file: reading and writing walk one table.
 //
-// Byte 126 is always the track and the comment always has 28 bytes, whatever byte 125 holds: a
-// plain v1 tag gives the last two characters of its comment up for that. This is wanted.
+// Each tag is taken for one of ID3v1.1, with 28 bytes of comment and a track behind them: an older
+// one gives the last two characters of its comment up for that. This is wanted.
 #include "media/mp3_id3v1.h"
 
 #include <algorithm>
@@ -72,7 +72,7 @@ void cMP3ID3v1::SetMP3File(std::string_view path) {
   Genre = 255;
   Track = 0;
   const auto file = OpenOrRaise(files_, path_, FileAccess::Read, Source());
-  // A file that is nothing but a tag counts as one without.
+  // The tag must have something before it.
   if (file->Size() <= tagSize) return;
   TagBytes bytes;
   const std::string_view tag = ReadTag(*file, bytes);

@@ -1,7 +1,7 @@
 // cMP3ID3v1: the 128 bytes at the end of an MP3 file, in the layout of ID3v1.1.
 //
-// An object stands for one file at a time. No file stays open between calls. Texts are UTF-8 here
-// and Windows-1252 in the file.
+// An object is turned to one file after the other and opens it anew for each call. Texts are UTF-8
+// here and Windows-1252 in the file.
 #pragma once
 
 #include <cstdint>

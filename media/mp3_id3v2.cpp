@@ -154,7 +154,7 @@ void cMP3ID3v2::SetText(Field field, std::string_view text) {
   static_assert(std::size(fieldFrames) == fieldCount);
   Text(field) = text;
   const FieldFrame& frame = fieldFrames[static_cast<std::size_t>(field)];
-  ReplaceFrame(frame.id, std::string(frame.zeros, '\0') + ToCodePage(text));
+  ReplaceFrame(frame.id, std::string(frame.zeros, '\0') + ToCodePage(Text(field)));
 }
 
 void cMP3ID3v2::ReplaceGenreFrame() {

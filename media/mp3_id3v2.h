@@ -1,8 +1,8 @@
 // cMP3ID3v2: the version 2 tag of an MP3 file, as frames of text without their zero bytes.
 //
-// The reader is simple-minded on purpose: it decodes no encodings, skips no extended header, and
-// takes every size for a plain big-endian number. What it reads, Update writes back. Texts are
-// UTF-8 in the properties, and bytes of Windows-1252 in the frames.
+// What the format has beyond frames of single bytes is passed over on purpose: encodings, extended
+// headers, sizes of seven bits a byte. What was read goes back by Update. Texts are UTF-8 in the
+// properties, and bytes of Windows-1252 in the frames.
 #pragma once
 
 #include <array>
@@ -44,7 +44,7 @@ class cMP3ID3v2 {
   // How many texts the frame has; 0 for one that isn't there or lost its count.
   std::int32_t TagsInFrame(std::string_view id) const;
   std::int32_t TagsInFrame(std::int32_t index) const;
-  // Adds one more text to a frame, which is made if it is missing. The fields stay as they are.
+  // Puts a text behind those that a frame has; without such a frame it makes one. No field changes.
   // failureInvalidArgument for a frame without a count.
   void AddTag(std::string_view id, std::string_view text);
   // Takes a frame with all its texts away; failureInvalidArgument if it isn't there.

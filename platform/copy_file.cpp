@@ -164,8 +164,10 @@ bool IsUnchanged(const struct stat& now, const struct stat& before) {
 int CopyOwner(const struct stat& source, int to) {
   const gid_t sameGroup = static_cast<gid_t>(-1);
   const uid_t sameOwner = static_cast<uid_t>(-1);
-  if (fchown(to, sameOwner, source.st_gid) != 0 && !IsNotKept(errno)) return errno;
-  return fchown(to, source.st_uid, sameGroup) == 0 || IsNotKept(errno) ? 0 : errno;
+  // EINVAL: an owner that this namespace or server has no number for.
+  const auto isRefused = [](int error) { return IsNotKept(error) || error == EINVAL; };
+  if (fchown(to, sameOwner, source.st_gid) != 0 && !isRefused(errno)) return errno;
+  return fchown(to, source.st_uid, sameGroup) == 0 || isRefused(errno) ? 0 : errno;
 }
 
 int CopyPermissions(const struct stat& source, int to) {

@@ -3,6 +3,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <cstdlib>
 #include <filesystem>
@@ -34,15 +35,34 @@ std::string FolderForCopy(const std::string& original) {
   return fits ? temporary : own;
 }
 
-int WritePadded(int from, const struct stat& facts, int to, off_t padding) {
+// What is soon to be written over gets its room here, where a full disk harms nothing; the rest of
+// a large padding stays a hole.
+int WritePadding(int to, off_t padding) {
+  constexpr off_t mostWrittenOver = 65536;
   if (ftruncate(to, padding) != 0) return errno;
+  return padding > 0 ? posix_fallocate(to, 0, std::min(padding, mostWrittenOver)) : 0;
+}
+
+// Only now may others read it, as far as they might read the original: where the group can't be the
+// same, no group may. A change of owner takes permissions away, and so comes first.
+int CopyAccess(const struct stat& original, int to) {
+  if (int error = CopyOwner(original, to); error != 0) return error;
+  struct stat copy;
+  if (fstat(to, &copy) != 0) return errno;
+  struct stat allowed = original;
+  if (copy.st_gid != original.st_gid) allowed.st_mode &= ~static_cast<mode_t>(S_IRWXG);
+  return CopyPermissions(allowed, to);
+}
+
+int WritePadded(int from, const struct stat& facts, int to, off_t padding) {
+  if (int error = WritePadding(to, padding); error != 0) return error;
   if (int error = CopyContents(from, facts.st_size, to, padding); error != 0) return error;
+  if (fsync(to) != 0) return errno;
+  if (int error = CopyAccess(facts, to); error != 0) return error;
+  if (fsync(to) != 0) return errno;
+  // Last of all, since flushing takes its time.
   struct stat now;
-  if (fstat(from, &now) != 0 || !IsUnchanged(now, facts)) return EBUSY;
-  // A change of owner takes permissions away.
-  if (int error = CopyOwner(facts, to); error != 0) return error;
-  if (int error = CopyPermissions(facts, to); error != 0) return error;
-  return fsync(to) == 0 ? 0 : errno;
+  return fstat(from, &now) == 0 && IsUnchanged(now, facts) ? 0 : EBUSY;
 }
 
 }  // namespace

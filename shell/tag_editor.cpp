@@ -131,8 +131,7 @@ void TagEditor::StepSelection(int step) {
   LoadSelectedFile();
 }
 
-// The last entry of the list is left out: this is wanted. A place of the combo is an index of the
-// list.
+// The combo ends one entry before its list does: this is wanted. Its places are the list's indexes.
 void TagEditor::FillGenres(const GenreChoice& genre) {
   std::vector<std::string> items{"None Selected"};
   for (std::size_t i = 1; i + 1 < genre.names.size(); ++i) items.push_back(genre.names[i]);
@@ -159,7 +158,7 @@ std::optional<std::uint8_t> TagEditor::ChosenGenre(const GenreChoice& genre) {
 }
 
 // "None Selected" stands for the list's number at 0, which is 0: the other tag then gets the genre
-// of that number. This is wanted, as is that nothing is cut or checked.
+// of that number. This is wanted, and texts go over whatever they are.
 void TagEditor::Transfer(bool toV2) {
   const std::pair<Text&, Text&> fields[] = {
       {Txt_v1Artist, Txt_v2Artist}, {Txt_v1Title, Txt_v2Title}, {Txt_v1Album, Txt_v2Album},
