@@ -5,6 +5,8 @@
 
 #include "base/decimal.h"
 #include "base/guards.h"
+#include "base/letter_case.h"
+#include "base/text.h"
 
 namespace tallowbrook {
 
@@ -96,6 +98,8 @@ void TagEditor::LoadSelectedFile() {
   const std::size_t row = list.HighlightedRow();
   list.SetDropHighlight(row);
   list.EnsureVisible(row);
+  // Other files are stepped over; with a tag in front they would be spoilt.
+  Cmd_Save.SetEnabled(row && EqualIgnoringCase(ExtensionOf(list.Row(row).name), "mp3"));
   const std::string path = row ? list.FullPath(row) : std::string();
   Attempt([&] { world_.v1.SetMP3File(path); });
   Attempt([&] { world_.v2.SetMP3File(path); });
