@@ -19,16 +19,12 @@ TEST(CodePage, EveryByteIsOneCharacterAndComesBack) {
 }
 
 TEST(CodePage, WhatThePageDoesNotHoldBecomesOneQuestionMark) {
-  for (const auto& [text, bytes] :
-       std::initializer_list<std::pair<const char*, const char*>>{{"a漢b", "a?b"},
-                                                                  {"\U0001F600", "?"},
-                                                                  {"\u0080\u0099", "??"},
-                                                                  {"Āā", "??"},
-                                                                  {"e\u0301", "e?"},
-                                                                  {"\xff\xe9 \xc3", "?? ?"},
-                                                                  {"\xed\xa0\x80", "???"}}) {
-    EXPECT_EQ(ToCodePage(text), bytes) << text;
-  }
+  // clang-format off
+  const std::pair<const char*, const char*> rows[] = {
+      {"a漢b", "a?b"}, {"\U0001F600", "?"}, {"\u0080\u0099", "??"}, {"Āā", "??"}, {"e\u0301", "e?"},
+      {"\xff\xe9 \xc3", "?? ?"}, {"\xed\xa0\x80", "???"}};
+  // clang-format on
+  for (const auto& [text, bytes] : rows) EXPECT_EQ(ToCodePage(text), bytes) << text;
 }
 
 }  // namespace

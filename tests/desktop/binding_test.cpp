@@ -2,13 +2,9 @@
 // sets shows and isn't handed back.
 #include "desktop/binding.h"
 
-#include <gtest/gtest.h>
-
-#include <QTest>
-#include <QtWidgets>
-
 #include "desktop/binder.h"
 #include "desktop/spin_arrows.h"
+#include "tests/desktop/window_fixture.h"
 
 namespace tallowbrook {
 
@@ -17,11 +13,6 @@ class BindingTest : public testing::Test {
   // Counts how often the rule of a control runs.
   void Count(Control& control) {
     control.rule = [this] { ++rules; };
-  }
-  void Show() {
-    window.show();
-    window.activateWindow();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
   }
 
   Screen screen;
@@ -37,24 +28,51 @@ class TypedFieldTest : public BindingTest {
     binder.AddCaption(text, binder.Add(text, &window));
     binder.Add(list, &window);
     list.SetItems({"item"});
-    Show();
+    Activate(window);
   }
   Text text{screen, {.name = "Text"}, "abc"};
   FreeList list{screen, {.name = "List"}, "abc"};
   Text* const fields[2] = {&text, &list};
 };
 
-TEST_F(BindingTest, ATickFollowsBothWays) {
+TEST_F(BindingTest, TicksOptionsDatesAndButtonsFollowBothWays) {
   Tick tick(screen, {.name = "Check", .caption = "In&clude", .tip = "<b>"}, 0);
-  Count(tick);
   QCheckBox* box = binder.Add(tick, &window, 'i');
   EXPECT_EQ(box->text(), QStringLiteral("&In&&clude"));
   EXPECT_EQ(box->toolTip(), QStringLiteral("<p style='white-space:pre-wrap'>&lt;b&gt;</p>"));
+  Button button(screen, {.name = "Push", .caption = "Scan"});
+  QPushButton* push = binder.Add(button, &window, 's');
+  Option files(screen, {.name = "Files"}, "View", true);
+  Option folders(screen, {.name = "Folders"}, "View");
+  Option other(screen, {.name = "Other"}, "Else", true);
+  QRadioButton* filesButton = binder.Add(files, &window);
+  QRadioButton* foldersButton = binder.Add(folders, &window);
+  QRadioButton* otherButton = binder.Add(other, &window);
+  for (Control* control : std::initializer_list<Control*>{&tick, &button, &folders})
+    Count(*control);
   box->click();
   EXPECT_EQ(tick.Value(), 1);
   tick.Set(0);
   EXPECT_FALSE(box->isChecked());
   EXPECT_EQ(rules, 2);
+  foldersButton->click();
+  EXPECT_TRUE(folders.On());
+  EXPECT_TRUE(otherButton->isChecked() && !filesButton->isChecked());
+  files.Choose();
+  EXPECT_TRUE(filesButton->isChecked() && !foldersButton->isChecked());
+  EXPECT_EQ(rules, 3);
+  push->click();
+  button.SetCaption("Stop Scan");
+  EXPECT_EQ(push->text(), QStringLiteral("&Stop Scan"));
+  button.SetEnabled(false);
+  push->click();
+  EXPECT_EQ(rules, 4);
+  DateField date(screen, {.name = "Date"}, *MakeDate({2005, 9, 11, 7, 1, 2}));
+  QDateEdit* edit = binder.Add(date, &window);
+  edit->setDate(QDate(2024, 2, 29));
+  EXPECT_EQ(date.Value(), *MakeDate({2024, 2, 29, 7, 1, 2})) << "the time of day stays";
+  date.Set(*MakeDate({1601, 1, 1, 0, 0, 0}));
+  EXPECT_EQ(edit->date(), QDate(1601, 1, 1));
 }
 
 TEST_F(BindingTest, ATextKeepsItsBytesAndItsCaretAndObeysItsRule) {
@@ -99,7 +117,7 @@ TEST_F(BindingTest, AListShowsItemsAndSelectionAsTheyCome) {
   EXPECT_EQ(box->currentIndex(), -1);
   list.Select(1);
   EXPECT_EQ(box->currentText(), QStringLiteral("two"));
-  Show();
+  Activate(window);
   box->setFocus();
   QTest::keyClick(box, Qt::Key_Down);
   EXPECT_EQ(list.Index(), 2);
@@ -142,74 +160,28 @@ TEST_F(BindingTest, ProposalsMayChangeWithEveryKey) {
   EXPECT_EQ(box->itemText(1), QStringLiteral("abc2"));
 }
 
-TEST_F(BindingTest, OneOptionOfAGroupIsOn) {
-  Option files(screen, {.name = "Files"}, "View", true);
-  Option folders(screen, {.name = "Folders"}, "View");
-  Option other(screen, {.name = "Other"}, "Else", true);
-  Count(folders);
-  QRadioButton* filesButton = binder.Add(files, &window);
-  QRadioButton* foldersButton = binder.Add(folders, &window);
-  QRadioButton* otherButton = binder.Add(other, &window);
-  foldersButton->click();
-  EXPECT_TRUE(folders.On());
-  EXPECT_TRUE(otherButton->isChecked() && !filesButton->isChecked());
-  files.Choose();
-  EXPECT_TRUE(filesButton->isChecked() && !foldersButton->isChecked());
-  EXPECT_EQ(rules, 1);
-}
-
-TEST_F(BindingTest, ADateKeepsItsTimeOfDay) {
-  DateField date(screen, {.name = "Date"}, *MakeDate({2005, 9, 11, 7, 1, 2}));
-  QDateEdit* edit = binder.Add(date, &window);
-  edit->setDate(QDate(2024, 2, 29));
-  EXPECT_EQ(date.Value(), *MakeDate({2024, 2, 29, 7, 1, 2}));
-  date.Set(*MakeDate({1601, 1, 1, 0, 0, 0}));
-  EXPECT_EQ(edit->date(), QDate(1601, 1, 1));
-}
-
-TEST_F(BindingTest, AButtonPressesAndShowsItsCaption) {
-  Button button(screen, {.name = "Push", .caption = "Scan"});
-  Count(button);
-  QPushButton* push = binder.Add(button, &window, 's');
-  push->click();
-  button.SetCaption("Stop Scan");
-  EXPECT_EQ(push->text(), QStringLiteral("&Stop Scan"));
-  button.SetEnabled(false);
-  push->click();
-  EXPECT_EQ(rules, 1);
-}
-
-TEST_F(BindingTest, LabelsShowTextFromFilesAsPlainText) {
-  Label label(screen, {.name = "Label"});
-  QLabel* shown = binder.Add(label, &window);
-  label.SetCaption("<img src=x> & \n");
-  EXPECT_EQ(shown->textFormat(), Qt::PlainText);
-  EXPECT_EQ(shown->text(), QStringLiteral("<img src=x> & \u21B5"));
-}
-
 // The caret comes in behind the text, with nothing selected.
 TEST_F(TypedFieldTest, TypingIsRefusedByTheModelAndPastingIsNot) {
   for (Text* field : fields) {
     field->takesKey = [](std::string_view key) { return key == "1" || key == "\xF0\x9F\x98\x80"; };
     screen.RequestFocus(*field);
-    QWidget* focused = QApplication::focusWidget();
-    QTest::keyClicks(focused, QStringLiteral("a1 b1,1"));
+    Type("a1 b1,1");
     EXPECT_EQ(field->Value(), "abc111");
-    QTest::keyClick(focused, Qt::Key_Backspace);
-    QTest::keyClick(focused, Qt::Key_Home, Qt::ShiftModifier);
-    QTest::keyClick(focused, Qt::Key_C, Qt::ControlModifier);
-    QTest::keyClick(focused, Qt::Key_Delete);
+    Press(Qt::Key_Backspace);
+    Press(Qt::Key_Home, Qt::ShiftModifier);
+    Press(Qt::Key_C, Qt::ControlModifier);
+    Press(Qt::Key_Delete);
     EXPECT_EQ(field->Value(), "");
     QApplication::clipboard()->setText(QStringLiteral("x1"));
-    QTest::keyClick(focused, Qt::Key_V, Qt::ControlModifier);
+    Press(Qt::Key_V, Qt::ControlModifier);
     EXPECT_EQ(field->Value(), "x1");
     QInputMethodEvent input;
     input.setCommitString(QString::fromUtf8("b1\xF0\x9F\x98\x80\xC3\xA9"));
-    QCoreApplication::sendEvent(focused, &input);
+    QCoreApplication::sendEvent(QApplication::focusWidget(), &input);
     EXPECT_EQ(field->Value(), "x11\xF0\x9F\x98\x80");
     field->Set("");
     field->takesKey = nullptr;
-    QTest::keyClicks(focused, QStringLiteral("a"));
+    Type("a");
     EXPECT_EQ(field->Value(), "a");
   }
 }
@@ -225,27 +197,27 @@ TEST_F(TypedFieldTest, TheModelIsToldWhenTheKeyboardLeavesButNotWhenAMenuBorrows
     menu.popup({});
     menu.close();
     EXPECT_EQ(left, 0);
-    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+    Press(Qt::Key_Tab);
     EXPECT_EQ(left, 1);
     screen.RequestFocus(*field);
-    other.show();
-    other.activateWindow();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(&other));
+    Activate(other);
     EXPECT_EQ(left, 2);
     other.hide();
-    Show();
+    Activate(window);
     field->focusLost = nullptr;
   }
 }
 
-TEST_F(BindingTest, LookFollowsAndHiddenPlacesComeBack) {
+TEST_F(BindingTest, LookFollowsAndHiddenPlacesComeBackAndLabelsArePlain) {
   Text text(screen, {.name = "Text", .caption = "Mask"});
   Frame frame(screen, {.name = "Frame"}, false);
+  Label label(screen, {.name = "Label"});
   auto* panel = new QGroupBox(&window);
   binder.BindPanel(frame, panel);
   QLineEdit* edit = binder.Add(text, panel);
   QLabel* caption = binder.AddCaption(text, edit, 'm');
-  Show();
+  QLabel* shown = binder.Add(label, panel);
+  Activate(window);
   EXPECT_FALSE(panel->isVisible() || edit->isWindow());
   frame.SetVisible(true);
   for (const bool visible : {true, false, true}) {
@@ -256,6 +228,9 @@ TEST_F(BindingTest, LookFollowsAndHiddenPlacesComeBack) {
   EXPECT_FALSE(edit->isEnabled() || caption->isEnabled());
   text.SetReadOnly(true);
   EXPECT_TRUE(edit->isReadOnly());
+  label.SetCaption("<img src=x> & \n");
+  EXPECT_EQ(shown->textFormat(), Qt::PlainText);
+  EXPECT_EQ(shown->text(), QStringLiteral("<img src=x> & \u21B5"));
 }
 
 // A line with its arrows: every way to step it, and what keeps it from stepping.
@@ -266,7 +241,7 @@ class SpinArrowsTest : public BindingTest {
     auto* row = new QHBoxLayout(&window);
     row->addWidget(&line);
     row->addWidget(&other);
-    Show();
+    Activate(window);
     other.setFocus();
   }
   QAbstractButton& Arrow(const char* name) {
@@ -285,7 +260,10 @@ class SpinArrowsTest : public BindingTest {
   QLineEdit& other{*new QLineEdit(&window)};
 };
 
-TEST_F(SpinArrowsTest, ArrowsStepAndPutTheFocusIntoTheLine) {
+TEST_F(SpinArrowsTest, ArrowsStepAndPutTheFocusIntoTheLineAndBothAreToldWhenItLeaves) {
+  std::string told;
+  text.focusLost = [&] { told += "text "; };
+  spin.focusLost = [&] { told += "spin "; };
   QTest::mouseClick(&Arrow("Up"), Qt::LeftButton);
   EXPECT_EQ(text.Value(), "51");
   EXPECT_TRUE(line.hasFocus());
@@ -298,6 +276,9 @@ TEST_F(SpinArrowsTest, ArrowsStepAndPutTheFocusIntoTheLine) {
   line.selectAll();
   QTest::mouseClick(&Arrow("Up"), Qt::LeftButton);
   EXPECT_FALSE(line.hasSelectedText()) << "also at an end, where the text stays";
+  EXPECT_EQ(told, "") << "the arrows are part of the field";
+  other.setFocus();
+  EXPECT_EQ(told, "spin text ");
 }
 
 TEST_F(SpinArrowsTest, KeysAndTheWheelStepALineThatHasTheFocus) {
@@ -329,17 +310,6 @@ TEST_F(SpinArrowsTest, NothingStepsAGreyLineOrOneWithoutArrows) {
   EXPECT_EQ(text.Value(), "50");
   spin.SetVisible(true);
   EXPECT_TRUE(Arrow("Up").isVisible());
-}
-
-TEST_F(SpinArrowsTest, BothAreToldWhenTheKeyboardLeaves) {
-  std::string told;
-  text.focusLost = [&] { told += "text "; };
-  spin.focusLost = [&] { told += "spin "; };
-  line.setFocus();
-  QTest::mouseClick(&Arrow("Up"), Qt::LeftButton);
-  EXPECT_EQ(told, "") << "the arrows are part of the field";
-  other.setFocus();
-  EXPECT_EQ(told, "spin text ");
 }
 
 }  // namespace tallowbrook

@@ -1,22 +1,16 @@
 // The whole window over real files, driven by keys and clicks.
 #include "desktop/main_window.h"
 
-#include <gtest/gtest.h>
-
-#include <QTest>
-#include <QtWidgets>
 #include <set>
 
 #include "desktop/dialogs.h"
-#include "desktop/events.h"
-#include "desktop/file_table.h"
 #include "desktop/folder_tree.h"
 #include "shell/commands.h"
-#include "tests/support/test_world.h"
+#include "tests/desktop/window_fixture.h"
 
 namespace tallowbrook {
 
-class MainWindowTest : public testing::Test, protected TestWorld {
+class MainWindowTest : public WindowTest {
  protected:
   void SetUp() override {
     home.Write("b.txt", "two");
@@ -24,45 +18,30 @@ class MainWindowTest : public testing::Test, protected TestWorld {
     home.MakeFolder("sub");
     home.Write("sub/inner.txt");
     form.Load();
-    window.show();
-    window.activateWindow();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+    Activate(window);
     Settle();
   }
-  template <typename Widget>
-  Widget& Get(const char* name) {
-    auto* widget = window.findChild<Widget*>(QLatin1String(name));
-    if (!widget) throw std::runtime_error(name);
-    return *widget;
-  }
-  void Settle() { QTest::qWait(80); }
-
-  WindowEvents events;
-  Form1 form{With(events)};
-  MainWindow window{form, files, home.Path()};
 };
 
 // A table leaves the key to the widgets around it; the question comes once all the same.
 TEST_F(MainWindowTest, OnePressOfDeleteAsksOnce) {
-  auto& table = Get<FileTable>("ListView1");
-  table.setFocus();
   table.selectRow(1);
   dialogs.answers = {Answer::No};
-  QTest::keyClick(&table, Qt::Key_Delete);
-  EXPECT_EQ(dialogs.asked.size(), 1U);
-  Get<QLineEdit>("Txt_Address").setFocus();
-  QTest::keyClick(&Get<QLineEdit>("Txt_Address"), Qt::Key_Delete);
-  EXPECT_EQ(dialogs.asked.size(), 1U);
+  for (QWidget* focused : {static_cast<QWidget*>(&table), &Get("Txt_Address")}) {
+    focused->setFocus();
+    Press(Qt::Key_Delete);
+    EXPECT_EQ(dialogs.asked.size(), 1U);
+  }
 }
 
 TEST_F(MainWindowTest, OpensOnTheHomeFolderPreviewsRenamesLogsAndUndoes) {
-  const QAbstractItemModel& model = *Get<FileTable>("ListView1").model();
+  const QAbstractItemModel& model = *table.model();
   EXPECT_EQ(model.rowCount(), 2);
   auto& count = Get<QLabel>("StatusPane1");
   EXPECT_EQ(count.text(), QStringLiteral("Files in list: 2"));
   EXPECT_FALSE(count.visibleRegion().isEmpty());
   EXPECT_EQ(Get<FolderTree>("FolderTreeview1").currentIndex().data(), QStringLiteral("Home"));
-  EXPECT_FALSE(Get<QWidget>("Frame_Progress").isVisible());
+  EXPECT_FALSE(Get("Frame_Progress").isVisible());
   Get<QAbstractButton>("PushButton_Preview").click();
   Settle();
   EXPECT_EQ(model.index(1, SectionOf(Column::NewFileName)).data(), QStringLiteral("b-0002.txt"));
@@ -83,26 +62,25 @@ TEST_F(MainWindowTest, OpensOnTheHomeFolderPreviewsRenamesLogsAndUndoes) {
 }
 
 TEST_F(MainWindowTest, KeysReachTheProgramFromAnyControlAndEnterGoesOrFilters) {
-  Get<QWidget>("Text_Prefix").setFocus();
-  QTest::keyClick(QApplication::focusWidget(), Qt::Key_Escape);
+  Get("Text_Prefix").setFocus();
+  Press(Qt::Key_Escape);
   EXPECT_TRUE(form.scan.AbortRequested);
-  QTest::keyClick(QApplication::focusWidget(), Qt::Key_D, Qt::AltModifier);
+  Press(Qt::Key_D, Qt::AltModifier);
   auto& address = Get<QLineEdit>("Txt_Address");
   EXPECT_TRUE(address.hasFocus());
   EXPECT_EQ(address.cursorPosition(), address.text().size());
-  QTest::keyClicks(&address, QStringLiteral("sub"));
-  QTest::keyClick(&address, Qt::Key_Return);
+  Type("sub");
+  Press(Qt::Key_Return);
   EXPECT_EQ(form.ListView1.Count(), 1U);
   EXPECT_EQ(address.text().toStdString(), home.Path("sub/"));
   EXPECT_EQ(Get<FolderTree>("FolderTreeview1").currentIndex().data(), QStringLiteral("sub"));
   Get<QComboBox>("Combo_Filter").setFocus();
-  QTest::keyClicks(QApplication::focusWidget(), QStringLiteral("x"));
-  QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
+  Type("x");
+  Press(Qt::Key_Return);
   EXPECT_EQ(form.ListView1.Count(), 0U);
 }
 
 TEST_F(MainWindowTest, F2RenamesAndKeepsOddBytesAndEscapeClosesItsDialogAlone) {
-  auto& table = Get<FileTable>("ListView1");
   for (const Qt::Key key : {Qt::Key_Escape, Qt::Key_Return}) {
     table.setFocus();
     table.selectRow(0);
@@ -119,91 +97,73 @@ TEST_F(MainWindowTest, F2RenamesAndKeepsOddBytesAndEscapeClosesItsDialogAlone) {
   }
 }
 
-TEST_F(MainWindowTest, EachPageShowsItsFieldsAndTheProgramFollows) {
+TEST_F(MainWindowTest, EachPageShowsItsFieldsTheProgramFollowsAndCommandsRun) {
   const char* fields[] = {"Text_Prefix", "Combo_RemoveChars", "Combo_Find", "RTxt_Unique_Other",
                           "RTxt_ID3Name"};
   for (int page = 4; page >= 0; --page) {
     QTest::keyClick(&window, static_cast<Qt::Key>(Qt::Key_1 + page), Qt::AltModifier);
     EXPECT_EQ(form.settings.TabIndex.Index(), page);
     for (int other = 0; other < 5; ++other) {
-      EXPECT_EQ(Get<QWidget>(fields[other]).isVisible(), other == page) << fields[other];
+      EXPECT_EQ(Get(fields[other]).isVisible(), other == page) << fields[other];
     }
     const bool takesFocus = page == PageDelete || page == PageReplace || page == PageTags;
-    EXPECT_EQ(Get<QWidget>(fields[page]).hasFocus(), takesFocus) << fields[page];
+    EXPECT_EQ(Get(fields[page]).hasFocus(), takesFocus) << fields[page];
   }
   form.settings.TabIndex.Select(PageReplace);
-  EXPECT_TRUE(Get<QWidget>("Combo_Find").isVisible());
+  EXPECT_TRUE(Get("Combo_Find").isVisible());
+  form.settings.Text_UniqueMask.Set("00");
+  Get<QAbstractButton>(("Command" + std::to_string(commandReset)).c_str()).click();
+  EXPECT_EQ(Get<QLineEdit>("Text_UniqueMask").text(), QStringLiteral("0000"));
 }
 
-// At its first size, and as small as it goes, no field is narrower than it needs.
-TEST_F(MainWindowTest, NothingIsCutOff) {
+// At its first size, and as small as it goes, no field is narrower than it needs. Of what shows at
+// one time, no two things answer to one key.
+TEST_F(MainWindowTest, NothingIsCutOffAndAccessKeysDontCollide) {
+  auto& settings = form.settings;
   for (const QSize size : {window.size(), window.minimumSizeHint()}) {
     window.resize(size);
     EXPECT_TRUE(window.width() <= 1280 && window.height() <= 800);
     for (int page = 0; page < 5; ++page) {
-      form.settings.TabIndex.Select(page);
-      Settle();
-      for (QWidget* field : window.findChildren<QWidget*>()) {
-        const bool isField = qobject_cast<QAbstractButton*>(field) ||
-                             qobject_cast<QComboBox*>(field) || qobject_cast<QLineEdit*>(field);
-        const std::string name = field->objectName().toStdString();
-        if (!isField || !field->isVisible() || name.starts_with("qt_")) continue;
-        EXPECT_GE(field->width(), field->minimumSizeHint().width()) << name;
-        EXPECT_EQ(field->visibleRegion().boundingRect(), field->rect()) << name << page;
+      settings.TabIndex.Select(page);
+      for (Option* type : {&settings.Option_ChangeFileName, &settings.Option_ChangeFileDate}) {
+        type->Choose();
+        Settle();
+        std::multiset<std::string> keys;
+        for (QWidget* field : window.findChildren<QWidget*>()) {
+          if (!field->isVisible()) continue;
+          const QVariant text = field->property(field->inherits("QGroupBox") ? "title" : "text");
+          const QKeySequence key = QKeySequence::mnemonic(text.toString());
+          if (!key.isEmpty()) keys.insert(key.toString().toStdString());
+          const std::string name = field->objectName().toStdString();
+          const bool isField = qobject_cast<QAbstractButton*>(field) ||
+                               qobject_cast<QComboBox*>(field) || qobject_cast<QLineEdit*>(field);
+          if (!isField || name.starts_with("qt_")) continue;
+          EXPECT_GE(field->width(), field->minimumSizeHint().width()) << name;
+          EXPECT_EQ(field->visibleRegion().boundingRect(), field->rect()) << name << page;
+        }
+        EXPECT_GT(keys.size(), 12U);
+        for (const std::string& key : keys) EXPECT_EQ(keys.count(key), 1U) << key << page;
       }
     }
   }
 }
 
-TEST_F(MainWindowTest, PanelsStandInTheOrderOfTheName) {
-  const auto left = [&](const char* name) {
-    return Get<QWidget>(name).mapTo(&window, QPoint()).x();
-  };
+TEST_F(MainWindowTest, PanelsStandInTheOrderOfTheNameAndADropClearsItsHistory) {
+  const auto left = [&](const char* name) { return Get(name).mapTo(&window, QPoint()).x(); };
   const int separator = left("Text_Seperator");
   EXPECT_TRUE(left("Combo_Original") < separator && separator < left("Combo_Unique"));
   Get<QAbstractButton>("Check_UniqueFirst").click();
   Settle();
   EXPECT_LT(left("Combo_Unique"), left("Combo_Original"));
-}
-
-// Of what shows at one time, no two things answer to one key.
-TEST_F(MainWindowTest, AccessKeysDontCollide) {
-  for (int page = 0; page < 5; ++page) {
-    form.settings.TabIndex.Select(page);
-    auto& settings = form.settings;
-    for (Option* type : {&settings.Option_ChangeFileName, &settings.Option_ChangeFileDate}) {
-      type->Choose();
-      std::multiset<std::string> keys;
-      for (auto* widget : window.findChildren<QWidget*>()) {
-        const QVariant text = widget->property(widget->inherits("QGroupBox") ? "title" : "text");
-        const QKeySequence key = QKeySequence::mnemonic(text.toString());
-        if (widget->isVisible() && !key.isEmpty()) keys.insert(key.toString().toStdString());
-      }
-      EXPECT_GT(keys.size(), 12U);
-      for (const std::string& key : keys) EXPECT_EQ(keys.count(key), 1U) << key << page;
-    }
-  }
-}
-
-TEST_F(MainWindowTest, TextDroppedOnTheFilenameClearsItsHistory) {
   form.settings.Combo_OriginalName.SetItems({"a", "b"});
   QMimeData text;
   text.setText(QStringLiteral("x"));
   QDragEnterEvent enter({5, 5}, Qt::CopyAction, &text, Qt::LeftButton, {});
   QDropEvent drop({5, 5}, Qt::CopyAction, &text, Qt::LeftButton, {});
-  QCoreApplication::sendEvent(&Get<QWidget>("Frame_Filename"), &enter);
-  QCoreApplication::sendEvent(&Get<QWidget>("Frame_Filename"), &drop);
+  for (QEvent* event : std::initializer_list<QEvent*>{&enter, &drop}) {
+    QCoreApplication::sendEvent(&Get("Frame_Filename"), event);
+  }
   EXPECT_TRUE(form.settings.Combo_OriginalName.Items().empty());
-}
-
-TEST_F(MainWindowTest, CommandsRunByTheirNumbersAndClosingEndsTheProgramFirst) {
-  form.settings.Text_UniqueMask.Set("00");
-  Get<QAbstractButton>(("Command" + std::to_string(commandReset)).c_str()).click();
-  EXPECT_EQ(Get<QLineEdit>("Text_UniqueMask").text(), QStringLiteral("0000"));
-  window.close();
-  EXPECT_TRUE(form.ExitDone);
-  Settle();
-  EXPECT_FALSE(window.isVisible());
 }
 
 // The window asks again at the scan's end; until then it stays.

@@ -1,32 +1,23 @@
 // The tag editor's window over real files, driven by keys and clicks.
 #include "desktop/tag_editor_window.h"
 
-#include <gtest/gtest.h>
-
-#include <QTest>
-#include <QtWidgets>
 #include <set>
 
-#include "desktop/events.h"
-#include "desktop/file_table.h"
-#include "desktop/main_window.h"
+#include "tests/desktop/window_fixture.h"
 #include "tests/support/mp3_bytes.h"
-#include "tests/support/test_world.h"
 
 namespace tallowbrook {
 
 using namespace std::string_literals;
 
-class TagEditorWindowTest : public testing::Test, protected TestWorld {
+class TagEditorWindowTest : public WindowTest {
  protected:
   // Opens the editor on a row by the button of the page; it is closed by Escape.
   void Edit(int row, const std::function<void(QWidget&)>& use) {
     form.Load();
     form.settings.TabIndex.Select(PageTags);
-    window.show();
-    window.activateWindow();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
-    QTest::qWait(60);
+    Activate(window);
+    Settle();
     table.selectRow(row);
     QTimer::singleShot(0, [&] {
       QWidget* editor = QApplication::activeModalWidget();
@@ -37,39 +28,24 @@ class TagEditorWindowTest : public testing::Test, protected TestWorld {
       QTest::keyClick(editor, Qt::Key_Escape);
       EXPECT_FALSE(editor->isVisible());
     });
-    window.findChild<QAbstractButton*>("PushButton_EditID3")->click();
-  }
-  template <typename Widget>
-  static Widget& Get(QWidget& editor, const char* name) {
-    auto* widget = editor.findChild<Widget*>(QLatin1String(name));
-    if (!widget) throw std::runtime_error(name);
-    return *widget;
-  }
-  static void Press(Qt::Key key, Qt::KeyboardModifiers held = {}) {
-    QTest::keyClick(QApplication::focusWidget(), key, held);
-  }
-  static std::string Lyrics(const std::string& text) {
-    return Filled(TagBytes(3, 2000, TextFrame("USLT", text)), 2000, '\0') + "sound";
+    Get<QAbstractButton>("PushButton_EditID3").click();
   }
   std::string SavedLyrics(const char* name) {
     cMP3ID3v2 tag(files);
     tag.SetMP3File(home.Path(name));
     return tag.Lyrics();
   }
-
-  WindowEvents events;
-  Form1 form{With(events)};
-  MainWindow window{form, files, home.Path()};
-  FileTable& table{*window.findChild<FileTable*>(QStringLiteral("ListView1"))};
 };
 
 // Tags mix the ends of lines: only a text that was edited gets one kind. In a tag no-break spaces
 // are bytes of their own.
 TEST_F(TagEditorWindowTest, LyricsThatNobodyEditsAreSavedAsTheyWere) {
-  home.Write("a.mp3", Lyrics("<b>one\r\ntwo\rthree\nfour\xA0\xA0 "));
-  home.Write("b.mp3", Lyrics("<b>one\r\ntwo\rthree\nfour\xA0\xA0 "));
+  const std::string frame = TextFrame("USLT", "<b>one\r\ntwo\rthree\nfour\xA0\xA0 ");
+  for (const char* name : {"a.mp3", "b.mp3"}) {
+    home.Write(name, Filled(TagBytes(3, 2000, frame), 2000, '\0') + "sound");
+  }
   Edit(0, [this](QWidget& editor) {
-    auto& lyrics = Get<QPlainTextEdit>(editor, "Txt_v2Lyrics");
+    auto& lyrics = tallowbrook::Get<QPlainTextEdit>(editor, "Txt_v2Lyrics");
     EXPECT_EQ(lyrics.document()->toRawText(),
               QStringLiteral("<b>one\u2029two\u2029three\u2029four\u00A0\u00A0 "));
     lyrics.setFocus();
@@ -79,9 +55,9 @@ TEST_F(TagEditorWindowTest, LyricsThatNobodyEditsAreSavedAsTheyWere) {
     Press(Qt::Key_PageDown, Qt::ControlModifier);
     EXPECT_TRUE(lyrics.hasFocus());
     Press(Qt::Key_End, Qt::ControlModifier);
-    QTest::keyClicks(&lyrics, QStringLiteral("x"));
+    Type("x");
     Press(Qt::Key_Return);
-    QTest::keyClicks(&lyrics, QStringLiteral("y"));
+    Type("y");
     Press(Qt::Key_S, Qt::ControlModifier);
     EXPECT_EQ(SavedLyrics("b.mp3"), "<b>one\r\ntwo\r\nthree\r\nfour\xC2\xA0\xC2\xA0 x\r\ny");
     Press(Qt::Key_Left, Qt::AltModifier);
@@ -94,13 +70,13 @@ TEST_F(TagEditorWindowTest, KeysStepAndTheFieldKeepsTheFocusAndTheListFollows) {
   for (const char* name : {"a.mp3", "b\x01<i>\xFF.mp3", "c.mp3"}) home.Write(name, "sound");
   Edit(0, [this](QWidget& editor) {
     EXPECT_EQ(editor.pos() - window.pos(), QPoint(67, 67));
-    auto& artist = Get<QLineEdit>(editor, "Txt_v1Artist");
+    auto& artist = tallowbrook::Get<QLineEdit>(editor, "Txt_v1Artist");
     EXPECT_TRUE(artist.hasFocus());
-    QTest::keyClicks(&artist, QStringLiteral("unsaved"));
+    Type("unsaved");
     Press(Qt::Key_Return);
     EXPECT_EQ(artist.text(), QStringLiteral("unsaved")) << "Enter presses nothing";
-    Get<QWidget>(editor, "Combo_v1Genre").setFocus();
-    const auto& name = Get<QLineEdit>(editor, "Txt_FileName");
+    tallowbrook::Get(editor, "Combo_v1Genre").setFocus();
+    const auto& name = tallowbrook::Get<QLineEdit>(editor, "Txt_FileName");
     const std::tuple<Qt::Key, Qt::KeyboardModifier, int> rows[] = {
         {Qt::Key_PageDown, Qt::ControlModifier, 1}, {Qt::Key_Right, Qt::AltModifier, 2},
         {Qt::Key_Right, Qt::AltModifier, 2},        {Qt::Key_PageUp, Qt::ControlModifier, 1},
@@ -114,8 +90,10 @@ TEST_F(TagEditorWindowTest, KeysStepAndTheFieldKeepsTheFocusAndTheListFollows) {
     }
     EXPECT_EQ(artist.text(), QString());
     EXPECT_EQ(name.text(), QStringLiteral("b\uFFFD<i>\uFFFD.mp3"));
-    EXPECT_TRUE(Get<QLabel>(editor, "StatusPane0").text().startsWith(QStringLiteral("Loaded: '")));
-    QTest::mouseClick(&Get<QPushButton>(editor, "Cmd_Next"), Qt::LeftButton);
+    EXPECT_TRUE(tallowbrook::Get<QLabel>(editor, "StatusPane0")
+                    .text()
+                    .startsWith(QStringLiteral("Loaded: '")));
+    QTest::mouseClick(&tallowbrook::Get<QPushButton>(editor, "Cmd_Next"), Qt::LeftButton);
     EXPECT_EQ(name.text(), QStringLiteral("c.mp3"));
     EXPECT_EQ(QApplication::focusWidget()->objectName(), QStringLiteral("Combo_v1Genre"));
   });
@@ -132,12 +110,12 @@ TEST_F(TagEditorWindowTest, TheEditedRowIsFramedAndScrolledIntoSight) {
   Edit(0, [&](QWidget&) {
     EXPECT_TRUE(frame(0));
     for (int i = 0; i < 40; ++i) Press(Qt::Key_Right, Qt::AltModifier);
-    QTest::qWait(60);
+    Settle();
     EXPECT_TRUE(
         table.viewport()->rect().contains(table.visualRect(table.model()->index(40, 0)).center()));
     EXPECT_TRUE(frame(40) && !frame(39));
   });
-  QTest::qWait(60);
+  Settle();
   EXPECT_FALSE(frame(40));
 }
 
@@ -146,7 +124,7 @@ TEST_F(TagEditorWindowTest, TabGoesThroughTheTagsAndNothingIsCutOff) {
   home.Write("a.mp3", "sound");
   Edit(0, [](QWidget& editor) {
     editor.resize(editor.minimumSizeHint());
-    QTest::qWait(60);
+    Settle();
     std::string order;
     for (int i = 0; i < 26; ++i) {
       const QWidget& field = *QApplication::focusWidget();

@@ -25,14 +25,10 @@ std::string Coloured(const std::string& mask, const std::vector<ColourSpan>& spa
 }
 
 TEST(MaskHighlighting, ColoursTheFirstPlaceOfEachKeyword) {
-  struct Row {
-    std::span<const Keyword> table;
-    std::string mask, coloured;
-  };
   const auto tags = TagKeywords();
   const auto other = AdvancedKeywords();
   // clang-format off
-  const Row rows[] = {
+  const std::tuple<std::span<const Keyword>, std::string, std::string> rows[] = {
       {tags, "", ""},
       {tags, "plain <unknown> text", "plain <unknown> text"},
       {tags, "<v1artist> - <v1artist>", "########## - <v1artist>"},
@@ -50,8 +46,8 @@ TEST(MaskHighlighting, ColoursTheFirstPlaceOfEachKeyword) {
       {other, "\xFF\xC3\xA9\xF0\x9F\x98\x80<d>\xC3\xA9", "\xFF\xC3\xA9\xF0\x9F\x98\x80###\xC3\xA9"},
   };
   // clang-format on
-  for (const Row& row : rows) {
-    EXPECT_EQ(Coloured(row.mask, FindKeywords(row.mask, row.table)), row.coloured);
+  for (const auto& [table, mask, coloured] : rows) {
+    EXPECT_EQ(Coloured(mask, FindKeywords(mask, table)), coloured);
   }
 }
 
@@ -93,17 +89,13 @@ TEST_F(MaskKeysTest, AKeyColoursUnlessSomethingIsSelectedAndNotesTheCaret) {
   }
 }
 
-TEST_F(MaskKeysTest, EnterPreviewsInTheTagMaskAndAnyKeyRefreshesTheSampleInTheOther) {
+TEST_F(MaskKeysTest, AnyKeyRefreshesTheSampleInTheOtherMaskAndEnterPreviewsNothingThere) {
   List({"a"});
   Set("RTxt_Unique_Other=x");
   pages.Label_SampleFileName.SetCaption("");
   other.keyReleased(true);
   EXPECT_EQ(NewNames()[0], "");
   EXPECT_NE(pages.Label_SampleFileName.Caption(), "");
-  tags.keyReleased(false);
-  EXPECT_EQ(NewNames()[0], "");
-  tags.keyReleased(true);
-  EXPECT_NE(NewNames()[0], "");
 }
 
 }  // namespace

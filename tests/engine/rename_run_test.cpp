@@ -163,14 +163,8 @@ TEST_F(RunTest, FoldersAreRenamedWithWhatLiesBelowThem) {
 }
 
 TEST_F(RunTest, DateRowsGoToTheFileDates) {
-  struct Dates : FileDates {
-    Lines asked;
-    std::string answer = "<DateModified,1/1/2001 1:02:03 AM>";
-    std::string ProcessAttributes(const std::string& path, const std::string& command) override {
-      asked.push_back(path + " " + command);
-      return answer;
-    }
-  } dates;
+  FakeFileDates dates;
+  dates.answer = "<DateModified,1/1/2001 1:02:03 AM>";
   RenameRun dateRun{{files, clock, status, log, &dates}, settings, pane, list, scan, names, pool};
   List({"a.txt"});
   Set("TabIndex=3|Option_ChangeFileDate=True");

@@ -112,6 +112,8 @@ TEST_F(UniquePanelTest, TheStartFollowsTheKind) {
     Set("Combo_Unique=1|Text_UniqueStart=" + letters + "|Combo_Unique=0");
     EXPECT_EQ(settings.Text_UniqueStart.Value(), number);
   }
+  Set("Text_UniqueStart=28|Combo_Unique=1");
+  EXPECT_EQ(settings.Text_UniqueStart.Value(), "ab");
 }
 
 TEST_F(UniquePanelTest, RandomIsForNumbersAlone) {

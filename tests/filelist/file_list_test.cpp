@@ -38,16 +38,8 @@ class FileListTest : public EngineTest {
   }
 };
 
-TEST_F(FileListTest, ThePatternGoesByStartAndStepAndReachesEveryRowThatHasChanged) {
+TEST_F(FileListTest, ThePatternReachesEveryRowThatHasChanged) {
   for (int i = 0; i < 8; ++i) Add("n");
-  const std::vector<std::tuple<int, int, std::string>> cases = {
-      {0, 1, "xxxxxxxx"}, {1, 1, "xxxxxxxx"}, {3, 2, "..x.x.x."}, {0, 3, "x..x..x."},
-      {9, 1, "........"}, {1, 0, "........"}, {8, 5, ".......x"},
-  };
-  for (const auto& [start, step, marks] : cases) {
-    list.ApplyPattern(start, step);
-    EXPECT_EQ(Marks(), marks) << start << "/" << step;
-  }
   // The pattern skips rows that still stand as it left them, and no others.
   const auto applied = [this] {
     list.ApplyPattern(1, 2);
@@ -80,20 +72,6 @@ TEST_F(FileListTest, SortsByHiddenKeysAndFlipsWithEveryClick) {
   EXPECT_EQ(sorted(Column::FileName), (Lines{"a", "b", "C"}));
   EXPECT_EQ(sorted(Column::Size), (Lines{"b", "C", "a"}));
   EXPECT_EQ(sorted(Column::Date), (Lines{"C", "b", "a"}));
-}
-
-TEST_F(FileListTest, ABulkChangeIsSortedOnceAndOnlyIfASortWasChosen) {
-  const auto fill = [this] {
-    list.ToggleListSort();
-    list.Clear();
-    for (const char* name : {"z", "y"}) Add(name);
-    EXPECT_EQ(Names(), (Lines{"z", "y"}));
-    list.ToggleListSort();
-    return Names();
-  };
-  EXPECT_EQ(fill(), (Lines{"z", "y"}));
-  for (int click = 0; click < 2; ++click) list.SortByColumn(Column::FileName);
-  EXPECT_EQ(fill(), (Lines{"y", "z"}));
 }
 
 TEST(SizeText, IsThousandsOfBytesRounded) {

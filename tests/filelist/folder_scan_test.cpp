@@ -133,7 +133,8 @@ TEST_F(ScanTest, TheCheckBoxesFollowTheirFieldsAndButtons) {
   for (const auto& [fields, marks] : Pairs{
            {"Text_Step=2", "x.x.x"}, {"Text_StartCheck=2", ".x.x."}, {"Text_Step=", "....."},
            {"Text_StartCheck=", "....."}, {"Text_Step=1", "xxxxx"},
-           {"Text_StartCheck=99999999999999999999", "....."}}) {
+           {"Text_StartCheck=0|Text_Step=3", "x..x."}, {"Text_StartCheck=5", "....x"},
+           {"Text_Step=1|Text_StartCheck=99999999999999999999", "....."}}) {
     Set(fields);
     EXPECT_EQ(Marks(), marks) << fields;
   }
@@ -198,13 +199,17 @@ TEST_F(TreeTest, WalksALevelBeforeWhatLiesBelowIt) {
   EXPECT_EQ(messages.back(), "");
   EXPECT_EQ(pane.ScanSub.styled.Caption(), "Start Scan");
   EXPECT_EQ(Marks(), "xxxxx");
-  // The filter repeats the kind of scan and adds to what is there.
+  // The filter repeats the kind of scan and adds to what is there; a delete lists the tree anew.
   scan.FilterList();
   EXPECT_EQ(list.Count(), 10U);
+  list.Row(1).Selected = true;
+  dialogs.answers = {Answer::Yes};
+  operations.DeleteHighlighted();
+  EXPECT_EQ(Paths(), (Lines{"~/a/f", "~/b/f", "~/a/deep/f", "~/b/deep/f"}));
   // A plain scan in between makes it a plain one again.
   Scan();
   scan.FilterList();
-  EXPECT_EQ(list.Count(), 1U);
+  EXPECT_EQ(list.Count(), 0U);
 }
 
 TEST_F(TreeTest, LongPathsShowTheirLast70Characters) {

@@ -87,19 +87,20 @@ TEST_F(ExifTest, DirectoriesAreWalkedInOneOrder) {
            Directory(Big, {tag(2, "late"), tag(3, "exif")}, third, third + 30) +
            Directory(Big, {tag(4, "more")}, third + 30, 0);
   };
-  EXPECT_EQ(Read(Jpeg(Big, chainedTo(0)), {1, 2, 3, 0}), "main|next|exif|7|");
-  // The Exif directory is the last. A chain that returns ends; what is behind the head isn't found.
-  EXPECT_EQ(Read(Jpeg(Big, chainedTo(8)), {1, 2, 3, 0}), "main|next|exif|7|");
-  EXPECT_EQ(Read(Jpeg(Big, chainedTo(6980)), {1, 2, 3, 0}), "main|next||5|");
   const std::string alone = Directory(Big, {tag(1, "main")}, 8, 0);
-  EXPECT_EQ(Read(Jpeg(Big, alone), {1, 0}), "main|1|");
-  // A directory that says it has more entries than there are bytes counts them all.
-  EXPECT_EQ(Read(Jpeg(Big, "\xFF\xFF" + alone.substr(2)), {1, 0}), "main|65535|");
-  // A pointer that is no number ends the walk; one without a value leads nowhere.
-  EXPECT_EQ(Read(Jpeg(Big, Directory(Big, {{34665, 2, 4, "x"}, tag(1, "main")}, 8, 0)), {1, 0}),
-            "|2|");
-  EXPECT_EQ(Read(Jpeg(Big, Directory(Big, {{34665, 12, 1, "x"}, tag(1, "main")}, 8, 0)), {1, 0}),
-            "main|2|");
+  // clang-format off
+  const std::pair<std::string, std::string> rows[] = {
+      {chainedTo(0), "main|next|exif|7|"},
+      // The Exif directory is the last. A chain that returns ends; what is behind the head isn't found.
+      {chainedTo(8), "main|next|exif|7|"},
+      {chainedTo(6980), "main|next||5|"},
+      // A directory that says it has more entries than there are bytes counts them all.
+      {"\xFF\xFF" + alone.substr(2), "main|||65535|"},
+      // A pointer that is no number ends the walk; one without a value leads nowhere.
+      {Directory(Big, {{34665, 2, 4, "x"}, tag(1, "main")}, 8, 0), "|||2|"},
+      {Directory(Big, {{34665, 12, 1, "x"}, tag(1, "main")}, 8, 0), "main|||2|"}};
+  // clang-format on
+  for (const auto& [bytes, texts] : rows) EXPECT_EQ(Read(Jpeg(Big, bytes), {1, 2, 3, 0}), texts);
 }
 
 TEST_F(ExifTest, HeadsAreTakenAsTheyCome) {

@@ -107,20 +107,5 @@ TEST(FrameStore, BehavesAsAPlainListUnderAnyOrderOfCalls) {
   }
 }
 
-// Anything quadratic here takes longer than the tests may.
-TEST(FrameStore, HoldsManyFramesAndGivesThemUpFromEitherEnd) {
-  constexpr int many = 300000;
-  FrameStore store;
-  for (int i = 0; i < many; ++i) {
-    store.Add(std::to_string(i), "");
-    store.Add("same", "x");
-  }
-  EXPECT_EQ(store.CountTexts("same"), many);
-  for (int i = 0; i < many; ++i) {
-    store.Remove(std::string(store.Id(i < many / 2 ? 1 : store.Count())));
-  }
-  EXPECT_EQ(store.Count(), 1);
-}
-
 }  // namespace
 }  // namespace tallowbrook

@@ -1,14 +1,9 @@
 // The names by number, and the lists of the file that lies beside the program.
 #include "media/genres.h"
 
-#include <gtest/gtest.h>
-
 #include <filesystem>
-#include <fstream>
-#include <iterator>
 
-#include "base/failure.h"
-#include "tests/support/temporary_folder.h"
+#include "tests/support/media_fixture.h"
 
 namespace tallowbrook {
 namespace {
@@ -19,26 +14,22 @@ std::string Joined(const std::vector<std::string>& names, const std::vector<std:
   return text;
 }
 
-// What the lists hold, then the number that was raised, if any.
-std::string Loaded(const std::string& folder, GenreLists& lists) {
-  SystemFiles files;
-  std::string raised;
-  try {
-    lists.LoadGenreLists(files, folder);
-  } catch (const Failure& failure) {
-    raised = "!" + std::to_string(failure.number);
+class Genres : public MediaTest {
+ protected:
+  // What the lists hold, then the number that was raised, if any.
+  std::string Loaded(const std::string& folder) {
+    GenreLists lists;
+    const std::uint32_t number = NumberOf([&] { lists.LoadGenreLists(system_, folder); });
+    return Joined(lists.GenreNamesV1, lists.GenreIdsV1) + "/" +
+           Joined(lists.GenreNamesV2, lists.GenreIdsV2) +
+           (number == 0 ? "" : "!" + std::to_string(number));
   }
-  return Joined(lists.GenreNamesV1, lists.GenreIdsV1) + "/" +
-         Joined(lists.GenreNamesV2, lists.GenreIdsV2) + raised;
-}
+};
 
-TEST(Genres, ShippedFileNamesThemAsTheListDoes) {
-  const std::filesystem::path root = std::filesystem::path(__FILE__).parent_path() / "../..";
-  std::ifstream file(root / "resources/id3genre.cfg", std::ios::binary);
-  TemporaryFolder folder;
-  folder.Write("id3genre.cfg", std::string(std::istreambuf_iterator<char>(file), {}));
+TEST_F(Genres, ShippedFileNamesThemAsTheListDoes) {
   GenreLists lists;
-  Loaded(folder.Path(), lists);
+  const auto root = std::filesystem::path(__FILE__).parent_path() / "../..";
+  lists.LoadGenreLists(system_, root / "resources/");
   ASSERT_EQ(lists.GenreIdsV1.size(), 148u);
   for (std::size_t i = 1; i < lists.GenreIdsV1.size(); ++i) {
     const auto number = static_cast<std::uint8_t>(lists.GenreIdsV1[i]);
@@ -47,13 +38,12 @@ TEST(Genres, ShippedFileNamesThemAsTheListDoes) {
   }
   EXPECT_EQ(lists.GenreNamesV2, lists.GenreNamesV1);
   EXPECT_EQ(lists.GenreIdsV2, lists.GenreIdsV1);
-  for (const int number : {123, 148, 255}) {
-    EXPECT_EQ(GenreName(static_cast<std::uint8_t>(number)), "") << number;
-  }
+  const std::uint8_t unnamed[] = {123, 148, 255};
+  for (const std::uint8_t number : unnamed) EXPECT_EQ(GenreName(number), "") << +number;
 }
 
 // The last line of a section isn't read, nor the rest of the line that begins with the "~".
-TEST(Genres, ReadsTheLinesBetweenTheBordersOfBothSections) {
+TEST_F(Genres, ReadsTheLinesBetweenTheBordersOfBothSections) {
   // clang-format off
   const std::pair<const char*, const char*> rows[] = {
       {"2,A\r\n1,B\r\n~\r\n3,C\r\n",           "3 0 2A 1B/2 0 3C"},
@@ -70,16 +60,12 @@ TEST(Genres, ReadsTheLinesBetweenTheBordersOfBothSections) {
       {"99999999999999999999999999999999999999999,A\r\n~", "2 0 0A/1 0!6"},
   };
   // clang-format on
-  TemporaryFolder folder;
+  EXPECT_EQ(Loaded(folder_.Path()), "1 0/1 0!9");
+  EXPECT_EQ(folder_.Read("id3genre.cfg"), "") << "made";
   for (const auto& [text, lists] : rows) {
-    folder.Write("id3genre.cfg", text);
-    GenreLists read;
-    EXPECT_EQ(Loaded(folder.Path(), read), lists) << text;
+    folder_.Write("id3genre.cfg", text);
+    EXPECT_EQ(Loaded(folder_.Path()), lists) << text;
   }
-  TemporaryFolder empty;
-  GenreLists read;
-  EXPECT_EQ(Loaded(empty.Path(), read), "1 0/1 0!9");
-  EXPECT_EQ(empty.Read("id3genre.cfg"), "") << "made";
 }
 
 }  // namespace

@@ -1,11 +1,6 @@
 // The 128 bytes at a file's end: what they read as, and what Update makes of them.
-#include <gtest/gtest.h>
-
-#include "base/failure.h"
 #include "media/mp3_id3v1.h"
-#include "tests/support/faulty_files.h"
-#include "tests/support/mp3_bytes.h"
-#include "tests/support/temporary_folder.h"
+#include "tests/support/media_fixture.h"
 
 namespace tallowbrook {
 namespace {
@@ -23,19 +18,8 @@ std::string FieldsOf(const cMP3ID3v1& tag) {
          std::to_string(tag.Track) + "|" + std::to_string(tag.Genre);
 }
 
-class Id3v1 : public testing::Test {
+class Id3v1 : public MediaTest {
  protected:
-  // The number that was raised, 0 for none.
-  template <typename Step>
-  std::uint32_t NumberOf(Step step) {
-    try {
-      step();
-    } catch (const Failure& failure) {
-      failure_ = failure;
-      return failure.number;
-    }
-    return 0;
-  }
   std::uint32_t Load(const std::string& name) {
     return NumberOf([&] { tag_.SetMP3File(folder_.Path(name)); });
   }
@@ -43,11 +27,7 @@ class Id3v1 : public testing::Test {
     return NumberOf([&] { tag_.Update(); });
   }
 
-  TemporaryFolder folder_;
-  SystemFiles system_;
-  FaultyFiles files_{system_};
   cMP3ID3v1 tag_{files_};
-  Failure failure_;
 };
 
 // A plain v1 comment of 30 characters loses two of them and has a track: no byte tells them apart.

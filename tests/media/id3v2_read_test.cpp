@@ -1,13 +1,6 @@
 // What a version 2 tag reads as, built byte by byte.
-#include <gtest/gtest.h>
-
-#include <iterator>
-
-#include "base/failure.h"
 #include "media/mp3_id3v2.h"
-#include "tests/support/faulty_files.h"
-#include "tests/support/mp3_bytes.h"
-#include "tests/support/temporary_folder.h"
+#include "tests/support/media_fixture.h"
 
 namespace tallowbrook {
 namespace {
@@ -48,28 +41,14 @@ std::string Told(const Tag& tag) {
   return text + tag.OtherGenreName();
 }
 
-class Id3v2Read : public testing::Test {
+class Id3v2Read : public MediaTest {
  protected:
   std::uint32_t Load(const std::string& bytes) {
     folder_.Write("f", bytes);
     return NumberOf([&] { tag_.SetMP3File(folder_.Path("f")); });
   }
-  template <typename Step>
-  std::uint32_t NumberOf(Step step) {
-    try {
-      step();
-    } catch (const Failure& failure) {
-      failure_ = failure;
-      return failure.number;
-    }
-    return 0;
-  }
 
-  TemporaryFolder folder_;
-  SystemFiles system_;
-  FaultyFiles files_{system_};
   Tag tag_{files_};
-  Failure failure_;
 };
 
 TEST_F(Id3v2Read, WalksTheFramesByPlainSizesAndCharges) {
@@ -153,9 +132,8 @@ TEST_F(Id3v2Read, SettersReplaceTheFrameAndOperationsLeaveTheFields) {
   EXPECT_EQ(NumberOf([&] { tag_.FrameCount(); }), failureObjectNotSet);
   EXPECT_EQ(NumberOf([&] { tag_.Update(); }), failureObjectNotSet);
   EXPECT_EQ(tag_.Title(), "T");
-  ASSERT_EQ(Load(TagBytes(
-                3, 200, TextFrame("TIT2", "a") + TextFrame("TPE1", "b") + TextFrame("TIT2", "c"))),
-            0u);
+  const std::string frames = TextFrame("TIT2", "a") + TextFrame("TPE1", "b");
+  ASSERT_EQ(Load(TagBytes(3, 200, frames + TextFrame("TIT2", "c"))), 0u);
   tag_.SetTitle("é漢");
   tag_.AddTag("TPE1", "more");
   tag_.AddTag("Äé", "");
@@ -204,9 +182,8 @@ TEST_F(Id3v2Read, TakesAnyNumberOfFramesAndReadsANormalTagInOneGo) {
   EXPECT_EQ(tag_.TagsInFrame("COMM"), 200000);
   const int before = files_.Count(FileCall::Read);
   EXPECT_EQ(Load(TagBytes(3, 4000, TextFrame("TIT2", "T")) + std::string(9000, '\0')), 0u);
-  EXPECT_EQ(
-      Load(TagBytes(3, 90000, TextFrame("APIC", std::string(80000, 'x'))) + std::string(99, '\0')),
-      0u);
+  const std::string picture = TextFrame("APIC", std::string(80000, 'x'));
+  EXPECT_EQ(Load(TagBytes(3, 90000, picture) + std::string(99, '\0')), 0u);
   EXPECT_EQ(files_.Count(FileCall::Read) - before, 3);
 }
 

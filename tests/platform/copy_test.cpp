@@ -1,34 +1,14 @@
 // Copying on a real folder: the whole file or no change, and never a file onto itself.
-#include <fcntl.h>
-#include <gtest/gtest.h>
-#include <sys/stat.h>
-#include <sys/syscall.h>
-#include <unistd.h>
-
-#include <cerrno>
-#include <filesystem>
-
-#include "platform/files.h"
-#include "tests/platform/refused_calls.h"
-#include "tests/support/temporary_folder.h"
+#include "tests/platform/disk_fixture.h"
 
 namespace tallowbrook {
 namespace {
 
-using NameList = std::vector<std::string>;
-
-class Copy : public testing::Test {
+class Copy : public DiskTest {
  protected:
   FileError Run(const std::string& source, const std::string& target) {
-    return SystemFiles().Copy(folder_.Path(source), folder_.Path(target));
+    return files_.Copy(folder_.Path(source), folder_.Path(target));
   }
-  struct stat StatOf(const std::string& name) {
-    struct stat facts {};
-    stat(folder_.Path(name).c_str(), &facts);
-    return facts;
-  }
-
-  TemporaryFolder folder_;
 };
 
 TEST_F(Copy, KeepsBytesPermissionsAndTheTimeToTheNanosecondAndSparesAHardLinkOfTheTarget) {
@@ -74,7 +54,7 @@ TEST_F(Copy, RefusesWithoutATrace) {
 TEST_F(Copy, KeepsBytesAndHolesWhereTheKernelCannotCopy) {
   const std::string path = folder_.Write("source", "begin");
   std::filesystem::resize_file(path, 1 << 19);
-  SystemFiles().OpenForAppend(path, "\n", nullptr)->Write(std::string(300'000, 'x'));
+  files_.OpenForAppend(path, "\n", nullptr)->Write(std::string(300'000, 'x'));
   std::filesystem::resize_file(path, 1 << 20);
   folder_.Write("empty");
   const auto hasHoles = [&](const char* name) { return StatOf(name).st_blocks * 512 < 1 << 20; };
@@ -93,7 +73,7 @@ TEST_F(Copy, KeepsBytesAndHolesWhereTheKernelCannotCopy) {
     }
     EXPECT_EQ(hasHoles("copy"), hasHoles("source")) << refused.error;
   }
-  ASSERT_EQ(SystemFiles().Copy("/proc/version", folder_.Path("made up")), FileError::None);
+  ASSERT_EQ(files_.Copy("/proc/version", folder_.Path("made up")), FileError::None);
   EXPECT_NE(folder_.Read("made up"), "");
 }
 

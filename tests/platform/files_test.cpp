@@ -2,21 +2,18 @@
 // text.
 #include "platform/files.h"
 
-#include <gtest/gtest.h>
-#include <sys/stat.h>
-
 #include <algorithm>
 #include <random>
 
 #include "base/letter_case.h"
 #include "base/text.h"
 #include "platform/name_order.h"
-#include "tests/support/temporary_folder.h"
+#include "tests/platform/disk_fixture.h"
 
 namespace tallowbrook {
 namespace {
 
-class SystemFilesTest : public testing::Test {
+class SystemFilesTest : public DiskTest {
  protected:
   SystemFilesTest() {
     folder_.Write("file", std::string("a\0b\r\n", 5));
@@ -25,9 +22,6 @@ class SystemFilesTest : public testing::Test {
     folder_.MakeLink("dangling", "nowhere");
     mkfifo(folder_.Path("pipe").c_str(), 0600);
   }
-
-  TemporaryFolder folder_;
-  SystemFiles files_;
 };
 
 TEST_F(SystemFilesTest, FactsFollowLinksAndExistsDoesNot) {
@@ -46,7 +40,7 @@ TEST_F(SystemFilesTest, DeleteTakesFilesAndLinksButNoFolder) {
   EXPECT_EQ(files_.Delete(folder_.Path("missing")), FileError::NotFound);
   EXPECT_EQ(files_.Delete(folder_.Path("link")), FileError::None);
   EXPECT_EQ(files_.Delete(folder_.Path("dangling")), FileError::None);
-  EXPECT_EQ(folder_.Names(), (std::vector<std::string>{"file", "folder", "pipe"}));
+  EXPECT_EQ(folder_.Names(), (NameList{"file", "folder", "pipe"}));
 }
 
 TEST_F(SystemFilesTest, ReadWholeGivesEveryByteOfFilesOnly) {
@@ -60,7 +54,7 @@ TEST_F(SystemFilesTest, ReadWholeGivesEveryByteOfFilesOnly) {
   }
 }
 
-TEST(ListFolder, GivesVisibleEntriesWithTheirKindsByNameIgnoringCase) {
+TEST(ListFolder, GivesVisibleEntriesWithTheirKindsByNameIgnoringCaseOrTellsWhyItCannot) {
   const TemporaryFolder folder;
   for (const char* name : {"b", "B", "a", ".hidden", "Z", "\xFFstray", "\xC3\xA4"})
     folder.Write(name);
@@ -81,6 +75,11 @@ TEST(ListFolder, GivesVisibleEntriesWithTheirKindsByNameIgnoringCase) {
   EXPECT_EQ(found,
             "aF;BF;bF;bbD;link to fileF;link to folderL;link to itselfO;link to linkL;"
             "link to nothingO;pipeO;ZF;\u00E4F;\xFFstrayF;");
+  FileError error = FileError::None;
+  EXPECT_EQ(SystemFiles().ListFolder(folder.Path("missing"), &error), nullptr);
+  EXPECT_EQ(error, FileError::NotFound);
+  EXPECT_EQ(SystemFiles().ListFolder(folder.Path("a"), &error), nullptr);
+  EXPECT_EQ(error, FileError::NotFolder);
 }
 
 TEST(ListFolder, GivesFactsOfWhatAnEntryLeadsToEvenAfterTheFolderHasMoved) {
@@ -99,15 +98,6 @@ TEST(ListFolder, GivesFactsOfWhatAnEntryLeadsToEvenAfterTheFolderHasMoved) {
     EXPECT_TRUE(facts.kind == EntryKind::File && facts.size == 5 && facts.modified == -86400);
   }
   EXPECT_FALSE(listing->Facts(2));
-}
-
-TEST(ListFolder, TellsWhyItCannotRead) {
-  const TemporaryFolder folder;
-  FileError error = FileError::None;
-  EXPECT_EQ(SystemFiles().ListFolder(folder.Path("missing"), &error), nullptr);
-  EXPECT_EQ(error, FileError::NotFound);
-  EXPECT_EQ(SystemFiles().ListFolder(folder.Write("file"), &error), nullptr);
-  EXPECT_EQ(error, FileError::NotFolder);
 }
 
 // Names of few different characters share long beginnings, and differ just at, before and behind
@@ -133,49 +123,35 @@ TEST(OrderOfNames, IsThatOfTheComparisonIgnoringCase) {
 }
 
 TEST(IsValidName, TakesWhatCanBeANewNameAndNothingElse) {
-  for (const std::string& name :
-       {std::string("..."), std::string(".hidden"), std::string(" "),
-        std::string("a:b*c\\d|\"<>\xC3\xA4\xFF\x80"), std::string(255, 'x')}) {
-    EXPECT_TRUE(IsValidName(name)) << name;
-  }
-  for (const std::string& name :
-       {std::string(), std::string("."), std::string(".."), std::string("a/b"), std::string("a?"),
-        std::string("a\n"), std::string("\x1F"), std::string("\x7F"), std::string("a\0b", 3),
-        std::string(256, 'x')}) {
-    EXPECT_FALSE(IsValidName(name)) << name;
+  // clang-format off
+  const std::pair<bool, std::vector<std::string>> rows[] = {
+      {true, {"...", ".hidden", " ", "a:b*c\\d|\"<>\xC3\xA4\xFF\x80", std::string(255, 'x')}},
+      {false, {"", ".", "..", "a/b", "a?", "a\n", "\x1F", "\x7F", {"a\0b", 3}, std::string(256, 'x')}}};
+  // clang-format on
+  for (const auto& [isValid, names] : rows) {
+    for (const std::string& name : names) EXPECT_EQ(IsValidName(name), isValid) << name;
   }
 }
 
 TEST(MatchesPattern, KnowsWildcardsByCharactersIgnoringCase) {
   // A pattern, names that it matches, names that it doesn't. A stray byte is part of no character.
+  // clang-format off
   const std::tuple<const char*, std::vector<std::string>, std::vector<std::string>> rows[] = {
-      {"*.*", {"readme", ""}, {}},
-      {"a*.*", {"abc"}, {"bac"}},
-      {"readme.*", {"readme"}, {}},
-      {"*.*.*", {"readme"}, {}},
-      {"*.", {"readme", "a."}, {"a.txt"}},
-      {"*.jpg", {"a.JPG"}, {"a.jpg.bak"}},
-      {"*.jp?g", {"a.jpeg"}, {"a.jpg"}},
-      {"?.TXT", {"\xC3\x84.txt", "\xFF.txt"}, {}},
-      {"\xC3\xA4.t??", {"\xC3\x84.txt"}, {"\xC3\x84.tx"}},
-      {"*\xA4y", {}, {"x\xC3\xA4y"}},
-      {"*a?b", {"aab"}, {"ab"}},
-      {"", {""}, {"a"}},
-      {"?", {}, {""}},
-      {"a\\*", {}, {"a*"}},
-      {"a[b]", {"a[b]"}, {"ab"}},
-  };
+      {"*.*", {"readme", ""}, {}}, {"a*.*", {"abc"}, {"bac"}}, {"readme.*", {"readme"}, {}},
+      {"*.*.*", {"readme"}, {}}, {"*.", {"readme", "a."}, {"a.txt"}}, {"*.jpg", {"a.JPG"}, {"a.jpg.bak"}},
+      {"*.jp?g", {"a.jpeg"}, {"a.jpg"}}, {"?.TXT", {"\xC3\x84.txt", "\xFF.txt"}, {}},
+      {"\xC3\xA4.t??", {"\xC3\x84.txt"}, {"\xC3\x84.tx"}}, {"*\xA4y", {}, {"x\xC3\xA4y"}},
+      {"*a?b", {"aab"}, {"ab"}}, {"", {""}, {"a"}}, {"?", {}, {""}}, {"a\\*", {}, {"a*"}},
+      {"a[b]", {"a[b]"}, {"ab"}}};
+  // clang-format on
   for (const auto& [pattern, good, bad] : rows) {
     for (const auto& name : good) EXPECT_TRUE(MatchesPattern(name, pattern)) << name << pattern;
     for (const auto& name : bad) EXPECT_FALSE(MatchesPattern(name, pattern)) << name << pattern;
   }
-}
-
-// Trying all ways of the stars would outlast the test's time limit by ages.
-TEST(MatchesPattern, EndsWithManyStars) {
-  std::string pattern;
-  for (int i = 0; i < 100; ++i) pattern += "*a";
-  EXPECT_FALSE(MatchesPattern(std::string(255, 'a'), pattern + "*b"));
+  // Trying all ways of many stars would outlast the test's time limit by ages.
+  std::string stars;
+  for (int i = 0; i < 100; ++i) stars += "*a";
+  EXPECT_FALSE(MatchesPattern(std::string(255, 'a'), stars + "*b"));
 }
 
 TEST(Paths, AreJoinedByOneSlash) {

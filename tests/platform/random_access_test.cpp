@@ -1,23 +1,10 @@
 // Files read and written in places, and the copy with room at its front.
-#include <fcntl.h>
-#include <gtest/gtest.h>
-#include <sys/stat.h>
-#include <sys/syscall.h>
-#include <unistd.h>
-
-#include <cerrno>
-#include <filesystem>
-
-#include "platform/files.h"
-#include "tests/platform/refused_calls.h"
-#include "tests/support/temporary_folder.h"
+#include "tests/platform/disk_fixture.h"
 
 namespace tallowbrook {
 namespace {
 
-using NameList = std::vector<std::string>;
-
-class RandomAccess : public testing::Test {
+class RandomAccess : public DiskTest {
  protected:
   FileError Open(const std::string& name, FileAccess access) {
     FileError error = FileError::None;
@@ -34,8 +21,6 @@ class RandomAccess : public testing::Test {
     return bytes.substr(0, got);
   }
 
-  TemporaryFolder folder_;
-  SystemFiles files_;
   std::unique_ptr<RandomAccessFile> file_;
   PaddedCopy copy_;
 };
@@ -56,16 +41,14 @@ TEST_F(RandomAccess, OpensRegularFilesOnlyAndMakesThemWhereAsked) {
   folder_.MakeFolder("folder");
   folder_.MakeLink("dangling", "nowhere");
   mkfifo(folder_.Path("pipe").c_str(), 0600);
+  using enum FileAccess;
+  // clang-format off
   const std::tuple<const char*, FileAccess, FileError> rows[] = {
-      {"missing", FileAccess::Read, FileError::NotFound},
-      {"folder", FileAccess::Read, FileError::IsFolder},
-      {"folder", FileAccess::WriteOrCreate, FileError::IsFolder},
-      {"pipe", FileAccess::Read, FileError::Other},
-      {"missing/f", FileAccess::WriteOrCreate, FileError::NotFound},
-      {"one", FileAccess::ReadOrCreate, FileError::None},
-      {"two", FileAccess::WriteOrCreate, FileError::None},
-      {"dangling", FileAccess::WriteOrCreate, FileError::NotFound},
-  };
+      {"missing", Read, FileError::NotFound}, {"missing/f", WriteOrCreate, FileError::NotFound},
+      {"folder", Read, FileError::IsFolder}, {"folder", WriteOrCreate, FileError::IsFolder},
+      {"pipe", Read, FileError::Other}, {"dangling", WriteOrCreate, FileError::NotFound},
+      {"one", ReadOrCreate, FileError::None}, {"two", WriteOrCreate, FileError::None}};
+  // clang-format on
   for (const auto& [name, access, error] : rows) {
     EXPECT_EQ(Open(name, access), error) << name;
     EXPECT_EQ(file_ != nullptr, error == FileError::None) << name;
@@ -81,10 +64,7 @@ TEST_F(RandomAccess, PaddedCopyLiesWhereARenameReachesTheOriginal) {
   folder_.MakeFolder("temporary");
   chmod(folder_.Write("music/f", bytes).c_str(), 0604);
   folder_.MakeLink("link", "music/f");
-  struct stat here {
-  }, shared{};
-  stat(folder_.Path().c_str(), &here);
-  const bool isShared = stat("/dev/shm", &shared) != 0 || shared.st_dev == here.st_dev;
+  const bool hasOther = HasOtherFileSystem(folder_.Path());
   const std::string own = std::filesystem::canonical(folder_.Path("music")).string() + "/";
   const std::pair<std::string, std::string> rows[] = {
       {folder_.Path("temporary"), folder_.Path("temporary/")},
@@ -92,7 +72,7 @@ TEST_F(RandomAccess, PaddedCopyLiesWhereARenameReachesTheOriginal) {
       {"/dev/shm", own},
   };
   for (const auto& [temporary, folder] : rows) {
-    if (temporary == "/dev/shm" && isShared) continue;
+    if (temporary == "/dev/shm" && !hasOther) continue;
     const TemporaryFilesIn in(temporary);
     for (const auto& [name, padding] : {std::pair("music/f", 0), std::pair("link", 5000)}) {
       ASSERT_EQ(CopyPadded(name, padding), FileError::None) << temporary;

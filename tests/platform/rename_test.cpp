@@ -3,19 +3,8 @@
 // Few machines have a file system to mount that ignores case, so this program answers the two
 // system calls that would tell the difference itself while a test asks for it: a name is found by
 // any of its cases, as the kernel would find it. Else they pass through.
-#include <fcntl.h>
-#include <gtest/gtest.h>
-#include <sys/stat.h>
-#include <sys/syscall.h>
-#include <unistd.h>
-
-#include <cerrno>
-#include <filesystem>
-
 #include "base/letter_case.h"
-#include "platform/files.h"
-#include "tests/platform/refused_calls.h"
-#include "tests/support/temporary_folder.h"
+#include "tests/platform/disk_fixture.h"
 
 namespace {
 
@@ -50,11 +39,9 @@ extern "C" int renameat2(int fromFolder, const char* from, int toFolder, const c
 namespace tallowbrook {
 namespace {
 
-using NameList = std::vector<std::string>;
-
 // The folder holds a (text "A"), b (text "B"), hard (a's second name), folder/, and dangling, a
 // link to nothing.
-class Rename : public testing::Test {
+class Rename : public DiskTest {
  protected:
   Rename() {
     std::filesystem::create_hard_link(folder_.Write("a", "A"), folder_.Path("hard"));
@@ -65,28 +52,28 @@ class Rename : public testing::Test {
   }
   ~Rename() override { caseIgnored = false, renamesUntilFailure = -1; }
   FileError Run(const std::string& name, const std::string& newName) {
-    return SystemFiles().Rename(folder_.Path(), name, newName);
+    return files_.Rename(folder_.Path(), name, newName);
   }
 
-  TemporaryFolder folder_;
   NameList before_;
 };
 
 TEST_F(Rename, RefusesWhatItMustNotDoAndLeavesTheFolderAlone) {
-  const std::pair<std::string, std::string> taken[] = {
-      {"a", "b"}, {"a", "hard"}, {"a", "folder"}, {"a", "dangling"}, {"folder", "a"}};
-  const std::pair<std::string, std::string> invalid[] = {
-      {"a", ""},         {"a", "../a"},        {"a", "why?"},
-      {"a", {"n\0", 2}}, {{"a\0b", 3}, "new"}, {"", "new"}};
-  for (const auto& [name, newName] : taken) {
-    EXPECT_EQ(Run(name, newName), FileError::AlreadyExists) << name << " to " << newName;
+  using enum FileError;
+  std::filesystem::create_hard_link(folder_.Path("a"), folder_.Path("A"));
+  // clang-format off
+  const std::tuple<std::string, std::string, FileError> rows[] = {
+      {"a", "b", AlreadyExists}, {"a", "hard", AlreadyExists}, {"a", "folder", AlreadyExists},
+      {"a", "dangling", AlreadyExists}, {"folder", "a", AlreadyExists}, {"a", "A", AlreadyExists},
+      {"a", "", InvalidName}, {"a", "../a", InvalidName}, {"a", "why?", InvalidName},
+      {"a", {"n\0", 2}, InvalidName}, {{"a\0b", 3}, "new", InvalidName}, {"", "new", InvalidName},
+      {"folder/../a", "new", InvalidName}, {"missing", "missing", NotFound}, {"a", "a", None},
+      {"folder", "folder", None}, {"dangling", "dangling", None}};
+  // clang-format on
+  for (const auto& [name, newName, error] : rows) {
+    EXPECT_EQ(Run(name, newName), error) << name << " to " << newName;
   }
-  for (const auto& [name, newName] : invalid) {
-    EXPECT_EQ(Run(name, newName), FileError::InvalidName) << name << " to " << newName;
-  }
-  EXPECT_EQ(Run("folder/../a", "new"), FileError::InvalidName);
-  EXPECT_EQ(Run("missing", "missing"), FileError::NotFound);
-  for (const char* name : {"a", "folder", "dangling"}) EXPECT_EQ(Run(name, name), FileError::None);
+  std::filesystem::remove(folder_.Path("A"));
   EXPECT_EQ(folder_.Names(), before_);
   EXPECT_EQ(folder_.Read("a") + folder_.Read("b"), "AB");
 }
@@ -104,23 +91,14 @@ TEST_F(Rename, MovesFilesFoldersAndTheLinksThemselves) {
             (NameList{"Folder", "a", "b", "dangling 2", "hard", longest, "\xFE\xFF.txt"}));
 }
 
-TEST_F(Rename, TakesAnOtherCaseOfAHardLinkForACollision) {
-  std::filesystem::create_hard_link(folder_.Path("a"), folder_.Path("A"));
-  EXPECT_EQ(Run("a", "A"), FileError::AlreadyExists);
-  EXPECT_TRUE(folder_.Exists("a"));
-}
-
 TEST_F(Rename, KeepsItsWordWhereTheSystemCannotRefuseToReplace) {
+  using enum FileError;
+  // clang-format off
   const std::tuple<std::string, std::string, FileError> rows[] = {
-      {"a", "b", FileError::AlreadyExists},
-      {"a", "dangling", FileError::AlreadyExists},
-      {"a", "hard", FileError::AlreadyExists},
-      {"missing", "missing", FileError::NotFound},
-      {"b", "c", FileError::None},
-      {"c", "b", FileError::None},
-      {"folder", "Folder", FileError::None},
-      {"Folder", "folder", FileError::None},
-  };
+      {"a", "b", AlreadyExists}, {"a", "dangling", AlreadyExists}, {"a", "hard", AlreadyExists},
+      {"missing", "missing", NotFound}, {"b", "c", None}, {"c", "b", None}, {"folder", "Folder", None},
+      {"Folder", "folder", None}};
+  // clang-format on
   const std::vector<RefusedCall> lacking[] = {
       {{SYS_renameat2, ENOSYS}},
 #ifdef SYS_link
@@ -142,17 +120,13 @@ TEST_F(Rename, KeepsItsWordWhereTheSystemCannotRefuseToReplace) {
 TEST_F(Rename, ChangesTheCaseOfANameWhereCaseIsIgnoredAndStillCollidesWithOthers) {
   folder_.Write("ma\xC3\xA4r");
   caseIgnored = true;
-  EXPECT_EQ(Run("b", "MA\xC3\xA4r"), FileError::AlreadyExists);
-  EXPECT_EQ(Run("ma\xC3\xA4r", "MA\xC3\x84R"), FileError::None);
-  EXPECT_EQ(SystemFiles().MovePath(folder_.Path("b"), folder_.Path("B")), FileError::None);
-  EXPECT_EQ(folder_.Names(), (NameList{"B", "MA\xC3\x84R", "a", "dangling", "folder", "hard"}));
-}
-
-TEST_F(Rename, PutsTheOldNameBackWhenTheSecondStepFails) {
-  caseIgnored = true;
   renamesUntilFailure = 2;
   EXPECT_EQ(Run("b", "B"), FileError::Io);
-  EXPECT_EQ(folder_.Names(), before_);
+  EXPECT_TRUE(folder_.Exists("b")) << "the old name is put back when the second step fails";
+  EXPECT_EQ(Run("b", "MA\xC3\xA4r"), FileError::AlreadyExists);
+  EXPECT_EQ(Run("ma\xC3\xA4r", "MA\xC3\x84R"), FileError::None);
+  EXPECT_EQ(files_.MovePath(folder_.Path("b"), folder_.Path("B")), FileError::None);
+  EXPECT_EQ(folder_.Names(), (NameList{"B", "MA\xC3\x84R", "a", "dangling", "folder", "hard"}));
 }
 
 }  // namespace

@@ -1,21 +1,9 @@
 // Rewriting a file: whole or not at all, and with others appending to it all the while.
-#include <gtest/gtest.h>
-#include <sys/stat.h>
-#include <sys/syscall.h>
-#include <unistd.h>
-
 #include <atomic>
-#include <cerrno>
-#include <filesystem>
-#include <functional>
 #include <sstream>
-#include <stdexcept>
-#include <string>
 #include <thread>
 
-#include "platform/files.h"
-#include "tests/platform/refused_calls.h"
-#include "tests/support/temporary_folder.h"
+#include "tests/platform/disk_fixture.h"
 
 namespace {
 
@@ -32,8 +20,6 @@ extern "C" ssize_t write(int file, const void* bytes, std::size_t size) {
 namespace tallowbrook {
 namespace {
 
-using NameList = std::vector<std::string>;
-
 std::string Same(std::string_view bytes) {
   return std::string(bytes);
 }
@@ -42,29 +28,21 @@ std::string Doubled(std::string_view bytes) {
   return std::string(bytes).append(bytes);
 }
 
-struct stat StatOf(const std::string& path) {
-  struct stat facts {};
-  lstat(path.c_str(), &facts);
-  return facts;
-}
-
-class Rewrite : public testing::Test {
+class Rewrite : public DiskTest {
  protected:
   FileError Run(const std::string& name, const FileEdit& edit) {
-    return SystemFiles().Rewrite(folder_.Path(name), edit);
+    return files_.Rewrite(folder_.Path(name), edit);
   }
   std::unique_ptr<AppendFile> Append(const std::string& name = "log") {
-    return SystemFiles().OpenForAppend(folder_.Path(name), "\n", nullptr);
+    return files_.OpenForAppend(folder_.Path(name), "\n", nullptr);
   }
-
-  TemporaryFolder folder_;
 };
 
 TEST_F(Rewrite, KeepsPermissionsOwnerAndLinksAndMakesAMissingFile) {
   const std::string path = folder_.Write("log", std::string("a\0", 2));
   chmod(path.c_str(), 0604);
   [[maybe_unused]] const bool isOthers = chown(path.c_str(), 1234, 5678) == 0;  // root may
-  const struct stat before = StatOf(path);
+  const struct stat before = StatOf("log");
   folder_.MakeLink("link", "log");
   folder_.MakeLink("dangling", "made");
   for (const char* name : {"link", "log", "missing"}) {
@@ -73,10 +51,10 @@ TEST_F(Rewrite, KeepsPermissionsOwnerAndLinksAndMakesAMissingFile) {
   EXPECT_EQ(Run("dangling", [](std::string_view) { return "new"; }), FileError::None);
   EXPECT_EQ(folder_.Read("log"), std::string("a\0a\0a\0a\0", 8));
   EXPECT_EQ(folder_.Read("missing") + folder_.Read("made"), "new");
-  const struct stat after = StatOf(path);
+  const struct stat after = StatOf("log");
   EXPECT_EQ(after.st_mode, before.st_mode);
   EXPECT_TRUE(after.st_uid == before.st_uid && after.st_gid == before.st_gid);
-  EXPECT_TRUE(S_ISLNK(StatOf(folder_.Path("link")).st_mode));
+  EXPECT_TRUE(S_ISLNK(StatOf("link").st_mode));
   EXPECT_EQ(folder_.Names(), (NameList{"dangling", "link", "log", "made", "missing"}));
 }
 
@@ -142,7 +120,6 @@ TEST_F(Rewrite, EndsTheLastLineOfEachFileThatAWriterFollowsTo) {
 }
 
 TEST_F(Rewrite, TellsAWriterThatItsFileIsGoneAndThenBeginsANewOne) {
-  SystemFiles files;
   // Deleted; deleted after a rewrite; and replaced by something that isn't a rewrite of it.
   for (const char* way : {"D", "RD", "M"}) {
     folder_.Write("log", "old\n");
@@ -151,7 +128,7 @@ TEST_F(Rewrite, TellsAWriterThatItsFileIsGoneAndThenBeginsANewOne) {
     FileError error = FileError::None;
     for (const char* step = way; *step != '\0' && error == FileError::None; ++step) {
       if (*step == 'R') error = Run("log", Same);
-      if (*step == 'D') error = files.Delete(folder_.Path("log"));
+      if (*step == 'D') error = files_.Delete(folder_.Path("log"));
       if (*step == 'M') std::filesystem::rename(folder_.Write("other", "cut"), folder_.Path("log"));
     }
     ASSERT_EQ(error, FileError::None) << way;
@@ -175,14 +152,14 @@ TEST_F(Rewrite, TellsAWriterWhatBecameOfItsLineWhereverTheDiskIsFull) {
            {FileError::NotFound, "new\nduring\nlate\n"},
            {FileError::None, "new\nduring\nlate\n"}}) {
     ++fitting;
-    const std::string path = folder_.Write("log", "old\n");
+    folder_.Write("log", "old\n");
     const auto writer = Append();
     std::thread late;
     const auto edit = [&, &told = told](std::string_view) {
       writer->Write("during\n");
-      isDiskFull = [&, size = StatOf(path).st_size, count = 0]() mutable {
+      isDiskFull = [&, size = StatOf("log").st_size, count = 0]() mutable {
         if (++count == 2) late = std::thread([&] { EXPECT_EQ(writer->Write("late\n"), told); });
-        while (count == 2 && StatOf(path).st_size == size) std::this_thread::yield();
+        while (count == 2 && StatOf("log").st_size == size) std::this_thread::yield();
         return count > fitting;
       };
       return "new\n";

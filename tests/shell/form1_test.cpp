@@ -42,21 +42,6 @@ TEST_F(Form1Test, AFirstStartShowsTheHomeFolderAndAFoldersViewSearchesWholeNames
   }
 }
 
-TEST_F(Form1Test, ButtonsPreviewAndApplyAndTheLogTellsOfIt) {
-  form.Load();
-  for (const char* preview : {"Cmd_Preview", "PushButton_Preview"}) {
-    form.ListView1.Row(1).newName.clear();
-    Press(preview);
-    EXPECT_EQ(form.ListView1.Row(1).newName, "a-0001.txt");
-  }
-  Press("PushButton_Apply");
-  EXPECT_EQ(home.Names(), (std::vector<std::string>{"a-0001.txt", "b-0002.txt"}));
-  std::string log = "@----------- 02/29/24 [13:05] -----------@\r\n";
-  log += "1\x06 " + home.Path("a.txt?") + home.Path("a-0001.txt?\x06\x05\r\n");
-  log += "1\x06 " + home.Path("b.txt?") + home.Path("b-0002.txt?\x06\x05\r\n\x07\r\n");
-  EXPECT_EQ(data.Read("Logfile.txt"), log);
-}
-
 // Through scan, preview, run and log, and from the log back to the same bytes. The last four are
 // refused with a prefix, as names that no file gets any more, and leave for new ones.
 TEST_F(Form1Test, NamesOfAnyBytesGoAllTheWay) {
@@ -101,19 +86,6 @@ TEST_F(Form1Test, NamesOfAnyBytesGoAllTheWay) {
   for (const std::string& name : odd) EXPECT_EQ(home.Read(name), name);
 }
 
-TEST_F(Form1Test, TheEndComesOnceAndWaitsForAScan) {
-  for (int i = 0; i < 20; ++i) home.Write("n" + std::to_string(i), "");
-  events.atYield[1] = [this] {
-    Press("PushButton_Exit");
-    EXPECT_EQ(unloads, 0);
-  };
-  form.Load();
-  EXPECT_EQ(unloads, 1);
-  EXPECT_EQ(form.ListView1.Count(), 10U);
-  form.Dispatch(commandExit);
-  EXPECT_EQ(unloads, 1);
-}
-
 // Whatever fails on the way, a scan ends, the program starts, and it can be closed.
 TEST_F(Form1Test, AFailingStepIsLeftOut) {
   for (int i = 0; i < 20; ++i) home.Write("n" + std::to_string(i), "");
@@ -127,15 +99,17 @@ TEST_F(Form1Test, AFailingStepIsLeftOut) {
   EXPECT_EQ(unloads, 1);
 }
 
-TEST_F(Form1Test, TheEndStopsAPreviewAndAWalk) {
+TEST_F(Form1Test, TheEndComesOnceAndStopsAPreviewAndAWalk) {
   for (int i = 0; i < 40; ++i) home.Write("n" + std::to_string(i), "");
   home.MakeFolder("sub");
   home.Write("sub/x", "");
   form.Load();
   const int before = events.yields;
-  events.atYield[before + 1] = [this] { form.ExitProgram(); };
+  events.atYield[before + 1] = [this] { Press("PushButton_Exit"); };
   Press("Cmd_Preview");
   EXPECT_EQ(events.yields, before + 1);
+  form.Dispatch(commandExit);
+  EXPECT_EQ(unloads, 1);
   form.ExitDone = false;
   events.atYield[before + 2] = [this] { form.ExitProgram(); };
   form.scan.AbortRequested = false;

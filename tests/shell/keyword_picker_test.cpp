@@ -29,14 +29,8 @@ class KeywordPickerTest : public testing::Test, protected TestWorld {
 };
 
 TEST_F(KeywordPickerTest, EachButtonFillsTheListOfItsMask) {
-  struct Row {
-    const char* button;
-    bool forTags;
-    std::size_t count;
-    std::string first, last;
-  };
   // clang-format off
-  const Row rows[] = {
+  const std::tuple<const char*, bool, std::size_t, std::string, std::string> rows[] = {
       {"Cmd_InsertKeyword", true, 21, "<v1Album>", "<v2Year>"},
       {"PushButton_InsertKeyword", true, 21, "<v1Album>", "<v2Year>"},
       {"Cmd_InsertKeyword1", false, 41, "<folder>", "<exif_yres>"},
@@ -62,13 +56,8 @@ TEST_F(KeywordPickerTest, EachButtonFillsTheListOfItsMask) {
 
 // Twice in a row, so that the second shows where the first left the caret.
 TEST_F(KeywordPickerTest, KeywordsGoToTheCaretAndOneBehindTheOther) {
-  struct Row {
-    std::string mask;
-    std::size_t caret;
-    std::string result;
-  };
   // clang-format off
-  const Row rows[] = {
+  const std::tuple<std::string, std::size_t, std::string> rows[] = {
       {"", 0, "<d><d>"}, {"ab", 0, "<d><d>ab"}, {"ab", 1, "a<d><d>b"}, {"ab", 2, "ab<d><d>"},
       {"ab", 9, "ab<d><d>"}, {"\xFF\xC3\xA9\xF0\x9F\x98\x80", 2, "\xFF\xC3\xA9<d><d>\xF0\x9F\x98\x80"}};
   // clang-format on

@@ -1,8 +1,6 @@
 // The history over real runs and their real log, and over logs that nobody wrote well.
 #include "store/log_history.h"
 
-#include <sys/stat.h>
-
 #include <stdexcept>
 
 #include "store/log_file.h"
@@ -64,19 +62,11 @@ class HistoryTest : public EngineTest {
     return statuses;
   }
 
-  struct NotedDates : FileDates {
-    Lines calls;
-    std::string ProcessAttributes(const std::string& path, const std::string& command) override {
-      calls.push_back(path.substr(path.rfind('/') + 1) + command);
-      return command.find("fails") == std::string::npos ? "former" : "";
-    }
-  };
-
   TemporaryFolder data;
   std::string logPath = data.Path("Logfile.txt");
   LogFile logFile{files};
   RenameRun realRun{{files, clock, status, logFile}, settings, pane, list, scan, names, pool};
-  NotedDates dates;
+  FakeFileDates dates;
   int filtered = 0;
   LogHistory history{{files, dialogs, events, &dates,
                       [this] {
@@ -133,7 +123,9 @@ TEST_F(HistoryTest, ARunIsShownAndUndone) {
   EXPECT_EQ(folder.Read("b"), "bytes of b");
 }
 
-TEST_F(HistoryTest, ARowThatCannotGoBackFailsAlone) {
+// A row that can't go back fails alone. What stands at a name that a run didn't get, or gave back,
+// is somebody else's, even if the old name is free now.
+TEST_F(HistoryTest, ARowThatCannotGoBackFailsAloneAndAFailedOrUndoneOneIsLeft) {
   List({"a", "b", "c", "d"});
   folder.Write("d-4", "in the way of d");
   Run();
@@ -148,6 +140,17 @@ TEST_F(HistoryTest, ARowThatCannotGoBackFailsAlone) {
   EXPECT_EQ(folder.Read("a") + folder.Read("d-4"), "has come sincein the way of d");
   EXPECT_EQ(Statuses(), "1 1 3 0 ");
   EXPECT_EQ(filtered, 1);
+  folder.Write("c-3", "somebody else's");
+  for (const std::string name : {"c", "d"}) {
+    ASSERT_EQ(rename(folder.Path(name).c_str(), folder.Path(name + " away").c_str()), 0);
+  }
+  for (int i = 0; i < 2; ++i) {
+    Undo();
+    EXPECT_EQ(Outcomes(), Lines(4, "Could Not Undo"));
+    history.LoadLogDetail();
+  }
+  EXPECT_EQ(folder.Names(), (Lines{"a", "a-1", "c away", "c-3", "d away", "d-4"}));
+  EXPECT_EQ(Statuses(), "1 1 3 0 ");
 }
 
 // Files are undone from first to last: in a chain the first one's old name is free only once the
@@ -207,26 +210,6 @@ TEST(BatchRows, AFolderMovesJustTheRowsBelowIt) {
   EXPECT_EQ(rows.Text(), batch);
 }
 
-TEST_F(HistoryTest, MovedFilesComeBackFromAnotherFileSystem) {
-  struct stat here, there;
-  ASSERT_EQ(stat(folder.Path().c_str(), &here), 0);
-  if (stat("/dev/shm", &there) != 0 || here.st_dev == there.st_dev) GTEST_SKIP();
-  TemporaryFolder other("/dev/shm");
-  List({"a", "b", "c"});
-  folder.SetTime("a", 1'000'000'000);
-  Set("Check_MoveEnable=1|Option_Move=True|Txt_MoveTo=" + other.Path());
-  Run();
-  ASSERT_EQ(other.Names(), (Lines{"a-1", "b-2", "c-3"}));
-  ASSERT_TRUE(folder.Names().empty());
-  folder.Write("c", "has come since");
-  UndoLatest();
-  EXPECT_EQ(Outcomes(), (Lines{"Undo Successful", "Undo Successful", "Could Not Undo"}));
-  EXPECT_EQ(folder.Names(), (Lines{"a", "b", "c"}));
-  EXPECT_EQ(other.Names(), Lines{"c-3"});
-  EXPECT_EQ(folder.Read("a") + folder.Read("c"), "bytes of ahas come since");
-  EXPECT_EQ(disk.Facts(folder.Path("a"))->modified, 1'000'000'000);
-}
-
 TEST_F(HistoryTest, DatesGoBackThroughTheirCommands) {
   folder.Write("f", "");
   folder.MakeFolder("d");
@@ -236,7 +219,7 @@ TEST_F(HistoryTest, DatesGoBackThroughTheirCommands) {
                  "?" + d + "?<DateCreated,2>?\x06\x05\r\n1\x06 " + f + "?" + f +
                  "?<fails>?\x06\x05\r\n1\x06 /gone/x?/gone/x?<DateModified,3>?\x06\x05\r\n\x07");
   UndoLatest();
-  EXPECT_EQ(dates.calls, (Lines{"f<DateModified,1>", "d<DateCreated,2>", "f<fails>"}));
+  EXPECT_EQ(dates.asked, (Lines{f + " <DateModified,1>", d + " <DateCreated,2>", f + " <fails>"}));
   EXPECT_EQ(Outcomes(),
             (Lines{"Undo Successful", "Undo Successful", "Could Not Undo", "Could Not Undo"}));
   EXPECT_EQ(Statuses(), "3 10 1 1 ");
@@ -244,26 +227,24 @@ TEST_F(HistoryTest, DatesGoBackThroughTheirCommands) {
 
 // What others have appended meanwhile, and a run that was killed or still goes on, is kept.
 TEST_F(HistoryTest, BatchesAreDeletedAndOthersStay) {
-  const auto batch = [](const std::string& day) {
-    return "@-- " + day + " [10:00] -@\r\n1\x06 /a?/b?\x06\x05\r\n";
+  const auto batch = [](const std::string& day, const std::string& end = "\x07\r\n") {
+    return "@-- " + day + " [10:00] -@\r\n1\x06 /a?/b?\x06\x05\r\n" + end;
   };
-  data.Write("Logfile.txt",
-             batch("1") + "\x07\r\n" + batch("2") + "\x07" + batch("3") + "\x07\r\n");
+  data.Write("Logfile.txt", batch("1") + batch("2", "\x07") + batch("3"));
   history.Open();
   EXPECT_EQ(Summary(), (Lines{"1 10:00 1 0", "2 10:00 1 0", "3 10:00 1 0"}));
-  data.Write("Logfile.txt", Log() + batch("4") + "\x07\r\n" + batch("unfinished"));
+  data.Write("Logfile.txt", Log() + batch("4") + batch("unfinished", ""));
   history.SelectBatches({1, 3}, 3);
   dialogs.answers = {Answer::No, Answer::Yes};
   history.DeleteKey();
   EXPECT_EQ(dialogs.asked.back().title, "Delete Selected Log Entries");
   EXPECT_EQ(history.CountBatches(), 3U);
   history.DeleteKey();
-  EXPECT_EQ(Log(),
-            "\r\n" + batch("2") + "\x07\r\n" + batch("4") + "\x07\r\n" + batch("unfinished"));
+  EXPECT_EQ(Log(), "\r\n" + batch("2") + batch("4") + batch("unfinished", ""));
   EXPECT_EQ(Summary(), (Lines{"2 10:00 1 0", "4 10:00 1 0"}));
   EXPECT_EQ(history.SelectedBatch(), 0U);
   EXPECT_FALSE(history.Cmd_Undo.Enabled());
-  data.Write("Logfile.txt", batch("1") + "\x07\r\n");
+  data.Write("Logfile.txt", batch("1"));
   history.Open();
   dialogs.answers = {Answer::Yes};
   history.DeleteKey();
@@ -294,18 +275,26 @@ TEST_F(HistoryTest, ARunThatIsStillOpenLosesNothing) {
   EXPECT_TRUE(other.Names().empty());
 }
 
-TEST_F(HistoryTest, ALogThatCannotBeWrittenStaysAndIsToldOf) {
+TEST_F(HistoryTest, AnUndoOfNoRowsLeavesTheLogAndOneThatCannotBeWrittenIsToldOf) {
   List({"a"});
   Run();
+  const std::string whole = Log();
+  history.Open();
+  history.Cmd_Switch.Press();
+  history.FileDoubleClicked(1);
+  Undo();
+  EXPECT_EQ(dialogs.asked.back().text, "Number of files to Undo Rename: 0");
   const std::string text = Log();
-  files.FailAt(FileCall::Rewrite, 1, FileError::NoSpace);
-  UndoLatest();
+  EXPECT_EQ(text + "\r\n", whole);
+  EXPECT_EQ(filtered, 1);
+  history.FileDoubleClicked(1);
+  files.FailAt(FileCall::Rewrite, files.Count(FileCall::Rewrite) + 1, FileError::NoSpace);
+  Undo();
   EXPECT_EQ(history.statusBar.Pane(0), "The log file could not be written");
   EXPECT_EQ(folder.Names(), Lines{"a"});
   EXPECT_EQ(Log(), text);
   // The window knows, and the next rewrite tells the file.
-  history.Cmd_Switch.Press();
-  history.Cmd_Switch.Press();
+  for (int i = 0; i < 2; ++i) history.Cmd_Switch.Press();
   EXPECT_EQ(Detail()[0].substr(0, 7), "Undone|");
   Undo();
   EXPECT_EQ(Statuses(), "3 ");
@@ -332,38 +321,6 @@ TEST_F(HistoryTest, TheBatchThatWasUndoneIsTheOneThatChanges) {
   EXPECT_EQ(history.statusBar.Pane(0),
             "Another window has changed this log entry; its results are not kept");
   EXPECT_EQ(Log(), first);
-}
-
-TEST_F(HistoryTest, AnUndoOfNoRowsLeavesTheLog) {
-  List({"a"});
-  Run();
-  const std::string text = Log();
-  history.Open();
-  history.Cmd_Switch.Press();
-  history.FileDoubleClicked(1);
-  Undo();
-  EXPECT_EQ(dialogs.asked.back().text, "Number of files to Undo Rename: 0");
-  EXPECT_EQ(Log() + "\r\n", text);
-  EXPECT_EQ(filtered, 1);
-}
-
-// What stands at a name that a run didn't get, or gave back, is somebody else's, even if the old
-// name is free now.
-TEST_F(HistoryTest, AFailedOrUndoneRowHasNothingToUndo) {
-  List({"a", "b"});
-  folder.Write("a-1", "somebody else's");
-  Run();
-  UndoLatest();
-  folder.Write("b-2", "somebody else's");
-  ASSERT_EQ(rename(folder.Path("a").c_str(), folder.Path("away").c_str()), 0);
-  ASSERT_EQ(rename(folder.Path("b").c_str(), folder.Path("b away").c_str()), 0);
-  for (int i = 0; i < 2; ++i) {
-    Undo();
-    EXPECT_EQ(Outcomes(), Lines(2, "Could Not Undo"));
-    history.LoadLogDetail();
-  }
-  EXPECT_EQ(folder.Names(), (Lines{"a-1", "away", "b away", "b-2"}));
-  EXPECT_EQ(Statuses(), "0 3 ");
 }
 
 // At a yield the user may press anything; the work under way isn't disturbed.
@@ -396,16 +353,12 @@ TEST_F(HistoryTest, PressesDuringAnUndoWait) {
 // The outcome of each log is a list or a question, and an undo touches no file that a record
 // doesn't name in full.
 TEST_F(HistoryTest, MalformedLogsAreListedAsFarAsTheyGo) {
-  struct Malformed {
-    std::string log;
-    std::size_t batches;  // that are listed
-    bool asks;            // whether it offers to clear the log
-    Lines rows;           // of the latest batch, "old>new"
-  };
   const std::string h = "@-- 1 [2] -@\r\n";
   const std::string r = "1\x06 /no/a?/no/b?\x06\x05\r\n";
   // clang-format off
-  const std::vector<Malformed> cases = {
+  // The log, how many batches are listed, whether it offers to clear the log, and the latest
+  // batch's rows as "old>new".
+  const std::vector<std::tuple<std::string, std::size_t, bool, Lines>> cases = {
       {"", 0, false, {}}, {"\r\n", 0, false, {}}, {h + r, 0, false, {}},
       {h + r + "\x07", 1, false, {"/no/a>/no/b"}}, {h + "\x07", 1, false, {}},
       {"\r\n" + h + r + "\x07\r\n", 1, false, {"/no/a>/no/b"}},
@@ -422,23 +375,23 @@ TEST_F(HistoryTest, MalformedLogsAreListedAsFarAsTheyGo) {
        {"rel>../rel", std::string("/a\0x", 4) + ">/b"}},
   };
   // clang-format on
-  for (const Malformed& c : cases) {
-    data.Write("Logfile.txt", c.log);
+  for (const auto& [text, batches, asks, rows] : cases) {
+    data.Write("Logfile.txt", text);
     dialogs.asked.clear();
-    dialogs.answers.assign(c.asks ? 1 : 0, Answer::No);
+    dialogs.answers.assign(asks ? 1 : 0, Answer::No);
     history.Open();
-    EXPECT_EQ(history.CountBatches(), c.batches) << c.log;
-    EXPECT_EQ(dialogs.asked.size(), c.asks ? 1U : 0U) << c.log;
-    EXPECT_EQ(Log(), c.log);
-    if (!c.batches) continue;
+    EXPECT_EQ(history.CountBatches(), batches) << text;
+    EXPECT_EQ(dialogs.asked.size(), asks ? 1U : 0U) << text;
+    EXPECT_EQ(Log(), text);
+    if (!batches) continue;
     history.BatchDoubleClicked();
-    Lines rows;
+    Lines listed;
     for (std::size_t i = 1; i <= history.Files.Count(); ++i) {
-      rows.push_back(history.Files.OldPath(i) + ">" + history.Files.NewPath(i));
+      listed.push_back(history.Files.OldPath(i) + ">" + history.Files.NewPath(i));
     }
-    EXPECT_EQ(rows, c.rows) << c.log;
+    EXPECT_EQ(listed, rows) << text;
     Undo();
-    EXPECT_EQ(Outcomes(), Lines(rows.size(), "Could Not Undo")) << c.log;
+    EXPECT_EQ(Outcomes(), Lines(rows.size(), "Could Not Undo")) << text;
     history.Cmd_Close.Press();
   }
 }

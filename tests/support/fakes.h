@@ -85,6 +85,19 @@ class FakeRandom : public RandomSource {
   std::size_t next_ = 0;
 };
 
+// Notes whose dates were to change, "path command"; of a command with "fails" nothing is the
+// answer.
+class FakeFileDates : public FileDates {
+ public:
+  std::vector<std::string> asked;
+  std::string answer = "former";
+
+  std::string ProcessAttributes(const std::string& path, const std::string& command) override {
+    asked.push_back(path + " " + command);
+    return command.find("fails") == std::string::npos ? answer : "";
+  }
+};
+
 // Keeps a batch as lines: "1 old > new", and the detail behind a "|".
 class FakeLog : public RunLog {
  public:

@@ -40,36 +40,63 @@ class FaultyFiles : public Files {
     rules_.push_back({call, 1, std::numeric_limits<int>::max(), path, error});
   }
 
-  // Counts one call and gives the error that it has to fail with, None for a call to pass on.
-  FileError Enter(FileCall call, const std::string& path, const std::string& otherPath = {});
-
-  std::unique_ptr<FolderListing> ListFolder(const std::string& path, FileError* error) override;
+  std::unique_ptr<FolderListing> ListFolder(const std::string& path, FileError* error) override {
+    return Fails(FileCall::List, path, error) ? nullptr : files_.ListFolder(path, error);
+  }
   std::optional<FileFacts> Facts(const std::string& path) override { return files_.Facts(path); }
   bool Exists(const std::string& path) override { return files_.Exists(path); }
   FileError Rename(const std::string& folder, const std::string& name,
-                   const std::string& newName) override;
-  FileError MovePath(const std::string& path, const std::string& newPath) override;
-  FileError Copy(const std::string& source, const std::string& target) override;
-  FileError Delete(const std::string& path) override;
-  std::unique_ptr<AppendFile> OpenForAppend(const std::string& path, std::string_view wholeEnds,
-                                            FileError* error) override;
-  FileError Rewrite(const std::string& path, const FileEdit& edit) override;
+                   const std::string& newName) override {
+    const FileError fault =
+        Enter(FileCall::Rename, JoinPath(folder, name), JoinPath(folder, newName));
+    return fault != FileError::None ? fault : files_.Rename(folder, name, newName);
+  }
+  FileError MovePath(const std::string& path, const std::string& newPath) override {
+    const FileError fault = Enter(FileCall::Move, path, newPath);
+    return fault != FileError::None ? fault : files_.MovePath(path, newPath);
+  }
+  FileError Copy(const std::string& source, const std::string& target) override {
+    const FileError fault = Enter(FileCall::Copy, source, target);
+    return fault != FileError::None ? fault : files_.Copy(source, target);
+  }
+  FileError Delete(const std::string& path) override {
+    const FileError fault = Enter(FileCall::Delete, path);
+    return fault != FileError::None ? fault : files_.Delete(path);
+  }
+  FileError Rewrite(const std::string& path, const FileEdit& edit) override {
+    const FileError fault = Enter(FileCall::Rewrite, path);
+    return fault != FileError::None ? fault : files_.Rewrite(path, edit);
+  }
+  FileError CopyPadded(const std::string& path, std::int64_t padding, PaddedCopy& copy) override {
+    const FileError fault = Enter(FileCall::CopyPadded, path);
+    return fault != FileError::None ? fault : files_.CopyPadded(path, padding, copy);
+  }
   std::optional<std::string> ReadWhole(const std::string& path) override {
     return files_.ReadWhole(path);
   }
+  std::unique_ptr<AppendFile> OpenForAppend(const std::string& path, std::string_view wholeEnds,
+                                            FileError* error) override;
   std::unique_ptr<RandomAccessFile> Open(const std::string& path, FileAccess access,
                                          FileError* error) override;
-  FileError CopyPadded(const std::string& path, std::int64_t padding, PaddedCopy& copy) override;
   std::optional<FileTimes> SetTime(const std::string& path, std::optional<FileTime> which,
-                                   std::int64_t posixSeconds) override;
+                                   std::int64_t posixSeconds) override {
+    if (Fails(FileCall::SetTime, path, nullptr)) return std::nullopt;
+    return files_.SetTime(path, which, posixSeconds);
+  }
 
  private:
+  class OpenedForAppend;
+  class Opened;
   struct Rule {
     FileCall call;
     int first, last;
     std::string path;  // empty: any
     FileError error;
   };
+
+  // Counts one call and gives the error that it has to fail with, None for a call to pass on.
+  FileError Enter(FileCall call, const std::string& path, const std::string& otherPath = {});
+  bool Fails(FileCall call, const std::string& path, FileError* error);
 
   Files& files_;
   std::array<int, 13> counts_{};
