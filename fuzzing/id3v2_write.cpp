@@ -60,20 +60,37 @@ struct Image {
   }
 };
 
-// Where the old tag was written over; nothing where the new one stands before the whole old file.
-std::optional<std::size_t> PlaceOfOldTag(const std::string& before, std::string_view after) {
+// The tag of the file before: where it stands, if anywhere, and what size it gave; and whether the
+// new one stands there too or before the whole old file.
+struct OldTag {
+  std::optional<std::size_t> at;
+  std::int64_t size = 0;
+  bool isWrittenOver = false;
+};
+
+OldTag FindOldTag(const std::string& before, std::string_view after) {
   MemoryFiles disk;
   disk.Put("f", before);
   const auto file = disk.Open("f", FileAccess::Read, nullptr);
   BufferedFile reader(*file, "");
   const std::int64_t position = FindTagPosition(reader);
-  if (position < 1) return std::nullopt;
+  if (position < 1) return {};
   char oldSize[4];
   reader.Fill(position + 2, oldSize);
   const auto at = static_cast<std::size_t>(position - 4);
   const bool isThere = after.substr(0, at) == before.substr(0, at) &&
                        after.substr(at + 6).starts_with(std::string_view(oldSize, 4));
-  return isThere ? std::optional(at) : std::nullopt;
+  return {at, BigEndian({oldSize, 4}), isThere};
+}
+
+// Over the old tag if that is larger, else by whole blocks of 2048 bytes, less what the old one
+// had.
+void RequireSizes(const OldTag& old, const Image& image, std::size_t growth) {
+  const auto length = static_cast<std::int64_t>(image.length);
+  Require(old.isWrittenOver == (old.at && length < old.size));
+  if (old.isWrittenOver) return Require(image.size == old.size);
+  Require(image.size == (length / 2048 + 1) * 2048);
+  Require(static_cast<std::int64_t>(growth) == image.size - old.size);
 }
 
 std::string WithoutZeros(const std::string& text) {
@@ -111,10 +128,11 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     Require(after == before);
     return 0;
   }
-  const std::optional<std::size_t> oldPlace = PlaceOfOldTag(before, after);
-  const Image image(after, oldPlace.value_or(0));
+  const OldTag old = FindOldTag(before, after);
+  const Image image(after, old.isWrittenOver ? *old.at : 0);
+  RequireSizes(old, image, after.size() - before.size());
   std::string expected = before;
-  if (!oldPlace) expected.insert(0, after.size() - before.size(), '\0');
+  if (!old.isWrittenOver) expected.insert(0, after.size() - before.size(), '\0');
   Require(after.size() == std::max(expected.size(), image.at + image.length));
   expected.resize(after.size());
   Require(after.substr(0, image.at) == expected.substr(0, image.at));

@@ -36,6 +36,20 @@ TEST_F(Genres, ShippedFileNamesThemAsTheListDoes) {
     EXPECT_EQ(lists.GenreNamesV1[i], GenreName(number)) << i;
     EXPECT_EQ(number, i <= 123 ? i - 1 : i) << i;
   }
+  for (const auto& [number, name] :
+       std::initializer_list<std::pair<std::uint8_t, const char*>>{{25, "Euro - Techno"},
+                                                                   {71, "Lo - fi"},
+                                                                   {78, "Rock 'n'Roll"},
+                                                                   {85, "Bebob"},
+                                                                   {109, "Pr0n Groove"},
+                                                                   {122, "Drum Solo"},
+                                                                   {123, ""},
+                                                                   {124, "Euro - House"},
+                                                                   {147, "Synth Pop"},
+                                                                   {148, ""},
+                                                                   {255, ""}}) {
+    EXPECT_EQ(GenreName(number), name);
+  }
   EXPECT_EQ(lists.GenreNamesV2, lists.GenreNamesV1);
   EXPECT_EQ(lists.GenreIdsV2, lists.GenreIdsV1);
   const std::uint8_t unnamed[] = {123, 148, 255};

@@ -125,6 +125,9 @@ TEST_F(Id3v2Read, FieldsAreTheFramesBytesWithoutZeros) {
                             FrameBytes("COMM", "c");
   EXPECT_EQ(Load(TagBytes(3, 2000, twice) + end), 0u);
   EXPECT_EQ(Told(tag_), "3 COMM*3 TCON*2 TIT2*2|TIT2=b COMM=a\0\r\nb\0\r\nc 9:x"s);
+  const std::string genres = FrameBytes("TCON", "(9)") + FrameBytes("TCON", "(255)xy");
+  EXPECT_EQ(Load(TagBytes(3, 2000, genres) + end), 0u);
+  EXPECT_EQ(Told(tag_), "3 TCON*2|xy") << "255 is taken, not left out";
 }
 
 TEST_F(Id3v2Read, SettersReplaceTheFrameAndOperationsLeaveTheFields) {

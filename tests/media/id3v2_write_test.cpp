@@ -167,9 +167,13 @@ TEST_F(Id3v2Write, LeavesTheOriginalOrTheCopyWhereAStepOfGrowingFails) {
     EXPECT_TRUE(folder_.Read("temporary/" + left[0]) == padded) << static_cast<int>(call);
     system_.Delete(folder_.Path("temporary/" + left[0]));
   }
+  // Behind the swap: grown, but not written.
+  files_.FailAt(FileCall::Open, files_.Count(FileCall::Open) + 3, FileError::NotPermitted);
+  EXPECT_EQ(Run(audio, [](auto&) {}), failureNotPermitted);
+  EXPECT_TRUE(folder_.Read("f") == padded);
   files_.FailAt(FileCall::WriteAt, 1, FileError::NoSpace);
   EXPECT_EQ(Run(audio, [](auto&) {}), failureDiskFull);
-  EXPECT_TRUE(folder_.Read("f") == padded) << "grown, but not written";
+  EXPECT_TRUE(folder_.Read("f") == padded);
 }
 
 TEST_F(Id3v2Write, KeepsPermissionsAndLinks) {

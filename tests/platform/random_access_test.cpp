@@ -96,6 +96,8 @@ TEST_F(RandomAccess, PaddedCopyThatFailsLeavesNothing) {
   EXPECT_EQ(CopyPadded("missing", 10), FileError::NotFound);
   EXPECT_NE(CopyPadded("folder", 10), FileError::None);
   const std::pair<RefusedCall, FileError> rows[] = {{{SYS_ftruncate, ENOSPC}, FileError::NoSpace},
+                                                    {{SYS_fallocate, ENOSPC}, FileError::NoSpace},
+                                                    {{SYS_fchmod, EIO}, FileError::Io},
                                                     {{SYS_fsync, EIO}, FileError::Io}};
   for (const auto& [call, error] : rows) {
     const auto outcome = RunRefusing({call}, [&] { return CopyPadded("f", 10); });
@@ -104,6 +106,11 @@ TEST_F(RandomAccess, PaddedCopyThatFailsLeavesNothing) {
   }
   EXPECT_EQ(folder_.Names(), (NameList{"f", "folder", "temporary"}));
   EXPECT_EQ(folder_.Names("temporary"), NameList{});
+  // An owner that can't be given is none that is missed.
+  for (const int error : {EPERM, EINVAL}) {
+    const auto outcome = RunRefusing({{SYS_fchown, error}}, [&] { return CopyPadded("f", 10); });
+    EXPECT_EQ(outcome.value_or(FileError::Other), FileError::None) << error;
+  }
 }
 
 }  // namespace

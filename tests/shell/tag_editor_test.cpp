@@ -65,6 +65,11 @@ class TagEditorTest : public testing::Test, protected TestWorld {
     tag.SetMP3File(home.Path(name));
     return tag.Genre;
   }
+  int V2Genre(const std::string& name) {
+    cMP3ID3v2 tag(files);
+    tag.SetMP3File(home.Path(name));
+    return tag.Genre();
+  }
 
   FakeEvents events;
   Form1 form{With(events)};
@@ -150,17 +155,22 @@ TEST_F(TagEditorTest, GenresGoByTheNumbersOfTheList) {
       {17, "Rock", 1, 17}, {200, "", 2, 200}, {5, "Funk", 0, 255},
       {9, "Metal", 0, 255}, {255, "", 0, 255}, {0, "Blues", 0, 255}};
   // clang-format on
-  SetGenres("17,Steady\r\nx,heading\r\n200,Own\r\n5,Last\r\n", "");
+  const std::string list = "17,Steady\r\nx,heading\r\n200,Own\r\n5,Last\r\n";
+  SetGenres(list, list);
   for (const auto& [number, name, place, saved] : rows) {
-    home.Write("a.mp3", sound + V1Bytes(number));
+    const std::string frame = TextFrame("TCON", "(" + std::to_string(number) + ")");
+    home.Write("a.mp3", V2Bytes(frame) + sound + V1Bytes(number));
     Edit(1, [&, expected = name, at = place](TagEditor& editor) {
       EXPECT_EQ(editor.Txt_v1Genre.Value(), expected);
       EXPECT_EQ(editor.Combo_v1Genre.Index(), at) << expected;
+      EXPECT_EQ(editor.Txt_v2Genre.Value(), expected);
+      EXPECT_EQ(editor.Combo_v2Genre.Index(), at) << expected;
       EXPECT_EQ(editor.Combo_v1Genre.Items(),
                 (std::vector<std::string>{"None Selected", "Steady", "Own"}));
       editor.Cmd_Save.Press();
     });
     EXPECT_EQ(V1Genre("a.mp3"), saved) << name;
+    EXPECT_EQ(V2Genre("a.mp3"), saved) << name;
   }
   // A number that is no byte leaves the tag's own.
   SetGenres("300,Far\r\n5,Last\r\n", "");
@@ -222,6 +232,8 @@ TEST_F(TagEditorTest, StepsAlongTheListWithItsHighlightAndStopsAtItsEnds) {
       EXPECT_EQ(list.DropHighlight(), list.SelectedItem());
     }
     EXPECT_EQ(names, "b.txt c.mp3 c.mp3! b.txt ");
+    editor.Cmd_Save.Press();  // not in a file that a tag would spoil
+    EXPECT_EQ(home.Read("b.txt"), sound);
     EXPECT_EQ(editor.Txt_v1Title.Value(), "");
     editor.Cmd_Previous.Press();
     EXPECT_EQ(editor.Txt_v1Title.Value(), "Title");
