@@ -71,15 +71,12 @@ TEST(Decimal, Computes) {
   }
 }
 
-TEST(Decimal, RoundsHalvesToTheEvenWholeNumber) {
+TEST(Decimal, RoundsHalvesToTheEvenWholeNumberAndComparesByValue) {
   for (const auto& [text, number] :
        {std::pair{"0.5", 0}, {"1.5", 2}, {"-1.5", -2}, {"-2147483648.5", INT32_MIN}}) {
     EXPECT_EQ(Read(text).ToInt32(), number) << text;
   }
   EXPECT_FALSE(Read("2147483647.5").ToInt32());
-}
-
-TEST(Decimal, ComparesByValueNotByDigits) {
   EXPECT_EQ(Read("1.50"), Read("1.5"));
   EXPECT_EQ(Decimal(INT64_MIN), Read("-9223372036854775808"));
   EXPECT_LT(Read("7.9228162514264337593543950335"), Read(largest));

@@ -149,12 +149,10 @@ TEST_F(BindingTest, AHistoryIsTypedIntoAndPickedFromUnlessItIsReadOnly) {
   EXPECT_EQ(picked, "old");
   EXPECT_FALSE(box->view()->isVisible());
   EXPECT_EQ(rules, 3);
-}
-
-TEST_F(BindingTest, ProposalsMayChangeWithEveryKey) {
+  // The proposals may change with every key.
   FreeList field(screen, {.name = "Combo"});
   field.rule = [&] { field.SetItems({field.Value() + "1", field.Value() + "2"}); };
-  QComboBox* box = binder.Add(field, &window);
+  box = binder.Add(field, &window);
   QTest::keyClicks(box->lineEdit(), QStringLiteral("abc"));
   EXPECT_EQ(box->currentText(), QStringLiteral("abc"));
   EXPECT_EQ(box->itemText(1), QStringLiteral("abc2"));

@@ -151,7 +151,7 @@ TEST_F(FileTableTest, TheRightButtonKeepsAHighlightAndTheEmptySpaceClearsIt) {
   EXPECT_EQ(Highlights(), "...");
 }
 
-TEST_F(FileTableTest, TheMenuActsOnTheHighlightedRowsAndGoes) {
+TEST_F(FileTableTest, TheMenuActsOnTheHighlightedRowsAndGoesBeforeAnItemAsks) {
   Add({"a", "b", "c"});
   Show();
   table.selectRow(0);
@@ -166,19 +166,13 @@ TEST_F(FileTableTest, TheMenuActsOnTheHighlightedRowsAndGoes) {
   QTest::qWait(1);
   EXPECT_EQ(Marks(), "xx.");
   EXPECT_FALSE(menu);
-}
-
-// What an item asks runs events of its own, in which the menu ends: it must be done with by then.
-TEST_F(FileTableTest, AnItemOfTheMenuMayAsk) {
-  Add({"a"});
-  Show();
+  // What an item asks runs events of its own, in which the menu ends: it must be done with by then.
   bool menuEnded = false;
   operations.OpenManualRename = [&] {
     QTest::qWait(20);
     menuEnded = !table.findChild<QMenu*>();
   };
   const auto asked = [&] { return std::exchange(menuEnded, false); };
-  table.setFocus();
   Click(NamePoint(0), Qt::RightButton);
   ASSERT_TRUE(Menu());
   auto* rename = Menu()->findChild<QAction*>(QStringLiteral("mnu_ManualRename"));

@@ -29,7 +29,7 @@ class HistoryWindowTest : public testing::Test, protected TestWorld {
     Settle();
   }
   void Click(const char* button) {
-    QTest::mouseClick(&Get(window, button), Qt::LeftButton);
+    QTest::mouseClick(&Child(window, button), Qt::LeftButton);
     Settle();
   }
   static QString Cell(const RowTable& table, int row, int section) {
@@ -58,8 +58,8 @@ class HistoryWindowTest : public testing::Test, protected TestWorld {
   LogHistory history{{files, dialogs, events, nullptr, [this] { ++filtered; }},
                      data.Path("Logfile.txt")};
   HistoryWindow window{history, nullptr};
-  BatchTable& batches{Get<BatchTable>(window, "ListView1")};
-  BatchFileTable& filesTable{Get<BatchFileTable>(window, "ListView2")};
+  BatchTable& batches{Child<BatchTable>(window, "ListView1")};
+  BatchFileTable& filesTable{Child<BatchFileTable>(window, "ListView2")};
   QAbstractItemModelTester batchTester{batches.model()};
   QAbstractItemModelTester fileTester{filesTable.model()};
 };
@@ -80,7 +80,7 @@ TEST_F(HistoryWindowTest, ShowsTheBatchesKeepsTheSelectionsAlikeAndDeletes) {
   EXPECT_EQ(history.SelectedBatch(), 48U);
   ClickRow(batches, 47, onText, Qt::ControlModifier);
   EXPECT_EQ(history.SelectedBatch(), 0U);
-  EXPECT_FALSE(Get(window, "Cmd_Undo").isEnabled() || Get(window, "Cmd_Switch").isEnabled());
+  EXPECT_FALSE(Child(window, "Cmd_Undo").isEnabled() || Child(window, "Cmd_Switch").isEnabled());
   ClickRow(batches, 49, onText);
   ClickRow(batches, 47, onText, Qt::ControlModifier);
   dialogs.answers = {Answer::Yes};

@@ -35,7 +35,7 @@ class MaskEditTest : public WindowTest {
   void OpenPicker(const char* button, const char* list) {
     Get<QAbstractButton>(button).click();
     ASSERT_TRUE(QTest::qWaitForWindowActive(&Picker()));
-    keywords = &tallowbrook::Get<QTableView>(Picker(), list);
+    keywords = &Child<QTableView>(Picker(), list);
     ASSERT_TRUE(QTest::qWaitFor([this] { return keywords->hasFocus(); }));
   }
   void DoubleClickRow(int row) {
@@ -140,7 +140,7 @@ TEST_F(MaskEditTest, ThePickerInsertsWhereTheUserIsAndStaysOpen) {
   Activate(window);
   QTest::mouseClick(edit.viewport(), Qt::LeftButton, {}, QPoint(1, 8));
   EXPECT_EQ(mask.SelStart(), 0U);
-  QTest::mouseClick(&tallowbrook::Get(Picker(), "Cmd_Insert"), Qt::LeftButton);
+  QTest::mouseClick(&Child(Picker(), "Cmd_Insert"), Qt::LeftButton);
   EXPECT_EQ(mask.Value(), "<v1Artist>a<v1Artist>b");
   QTest::keyClick(&edit, Qt::Key_Z, Qt::ControlModifier);
   EXPECT_EQ(mask.Value(), "a<v1Artist>b");
@@ -152,7 +152,7 @@ TEST_F(MaskEditTest, ThePickerTurnsToTheOtherMaskGoesByKeysAndEndsWithTheWindow)
   form.settings.TabIndex.Select(PageAdvanced);
   OpenPicker("PushButton_InsertKeyword1", "ListView1");
   for (const char* name : {"List1", "Label1"}) {
-    EXPECT_FALSE(tallowbrook::Get(Picker(), name).isVisible());
+    EXPECT_FALSE(Child(Picker(), name).isVisible());
   }
   EXPECT_EQ(keywords->model()->index(1, 1).data(), QStringLiteral("Today's day"));
   Keys({Qt::Key_Down, Qt::Key_Down, Qt::Key_Return, Qt::Key_Return});

@@ -45,7 +45,7 @@ TEST_F(TagEditorWindowTest, LyricsThatNobodyEditsAreSavedAsTheyWere) {
     home.Write(name, Filled(TagBytes(3, 2000, frame), 2000, '\0') + "sound");
   }
   Edit(0, [this](QWidget& editor) {
-    auto& lyrics = tallowbrook::Get<QPlainTextEdit>(editor, "Txt_v2Lyrics");
+    auto& lyrics = Child<QPlainTextEdit>(editor, "Txt_v2Lyrics");
     EXPECT_EQ(lyrics.document()->toRawText(),
               QStringLiteral("<b>one\u2029two\u2029three\u2029four\u00A0\u00A0 "));
     lyrics.setFocus();
@@ -70,13 +70,13 @@ TEST_F(TagEditorWindowTest, KeysStepAndTheFieldKeepsTheFocusAndTheListFollows) {
   for (const char* name : {"a.mp3", "b\x01<i>\xFF.mp3", "c.mp3"}) home.Write(name, "sound");
   Edit(0, [this](QWidget& editor) {
     EXPECT_EQ(editor.pos() - window.pos(), QPoint(67, 67));
-    auto& artist = tallowbrook::Get<QLineEdit>(editor, "Txt_v1Artist");
+    auto& artist = Child<QLineEdit>(editor, "Txt_v1Artist");
     EXPECT_TRUE(artist.hasFocus());
     Type("unsaved");
     Press(Qt::Key_Return);
     EXPECT_EQ(artist.text(), QStringLiteral("unsaved")) << "Enter presses nothing";
-    tallowbrook::Get(editor, "Combo_v1Genre").setFocus();
-    const auto& name = tallowbrook::Get<QLineEdit>(editor, "Txt_FileName");
+    Child(editor, "Combo_v1Genre").setFocus();
+    const auto& name = Child<QLineEdit>(editor, "Txt_FileName");
     const std::tuple<Qt::Key, Qt::KeyboardModifier, int> rows[] = {
         {Qt::Key_PageDown, Qt::ControlModifier, 1}, {Qt::Key_Right, Qt::AltModifier, 2},
         {Qt::Key_Right, Qt::AltModifier, 2},        {Qt::Key_PageUp, Qt::ControlModifier, 1},
@@ -90,10 +90,9 @@ TEST_F(TagEditorWindowTest, KeysStepAndTheFieldKeepsTheFocusAndTheListFollows) {
     }
     EXPECT_EQ(artist.text(), QString());
     EXPECT_EQ(name.text(), QStringLiteral("b\uFFFD<i>\uFFFD.mp3"));
-    EXPECT_TRUE(tallowbrook::Get<QLabel>(editor, "StatusPane0")
-                    .text()
-                    .startsWith(QStringLiteral("Loaded: '")));
-    QTest::mouseClick(&tallowbrook::Get<QPushButton>(editor, "Cmd_Next"), Qt::LeftButton);
+    EXPECT_TRUE(
+        Child<QLabel>(editor, "StatusPane0").text().startsWith(QStringLiteral("Loaded: '")));
+    QTest::mouseClick(&Child<QPushButton>(editor, "Cmd_Next"), Qt::LeftButton);
     EXPECT_EQ(name.text(), QStringLiteral("c.mp3"));
     EXPECT_EQ(QApplication::focusWidget()->objectName(), QStringLiteral("Combo_v1Genre"));
   });

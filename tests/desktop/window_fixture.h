@@ -27,7 +27,7 @@ inline void Settle() {
 
 // The widget of that name in another one; throws if there is none.
 template <typename Widget = QWidget>
-Widget& Get(const QWidget& in, const char* name) {
+Widget& Child(const QWidget& in, const char* name) {
   auto* widget = in.findChild<Widget*>(QLatin1String(name));
   if (!widget) throw std::runtime_error(name);
   return *widget;
@@ -46,7 +46,7 @@ class WindowTest : public testing::Test, protected TestWorld {
  protected:
   template <typename Widget = QWidget>
   Widget& Get(const char* name) {
-    return tallowbrook::Get<Widget>(window, name);
+    return Child<Widget>(window, name);
   }
 
   WindowEvents events;

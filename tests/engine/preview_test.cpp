@@ -122,7 +122,7 @@ TEST_F(PreviewTest, TicksGovernTheirFields) {
   EXPECT_TRUE(settings.Txt_RandomTo.Enabled() && settings.Combo_DateInterval.Enabled());
 }
 
-TEST_F(PreviewTest, TheNameFieldPicturesItsForm) {
+TEST_F(PreviewTest, TheNameFieldAndThePanelsFollowTheirChoices) {
   const auto& name = settings.Combo_OriginalName;
   const auto& extension = settings.Text_Extension;
   Set("Combo_Original=1|Combo_Extension=1");
@@ -131,6 +131,13 @@ TEST_F(PreviewTest, TheNameFieldPicturesItsForm) {
   Set("Combo_OriginalName=typed|Combo_Original=4|Combo_Extension=2");
   EXPECT_TRUE(name.ReadOnly() && extension.ReadOnly());
   EXPECT_EQ(name.Value() + "." + extension.Value(), "Filename.ABC");
+  Set("TabIndex=3|Option_ChangeFileDate=True");
+  EXPECT_TRUE(pages.Frame_AdvancedDate.Visible() && !pages.Frame_Advanced.Visible());
+  for (const auto& [option, shown] :
+       Pairs{{"Option_Move", "1Move To:"}, {"Option_Copy", "0Copy To:"}}) {
+    Set(option, "True");
+    EXPECT_EQ(settings.TransferMethod.ValueText() + pages.Lbl_MoveTo.Caption(), shown);
+  }
 }
 
 // Which settings a reset sets back, and which keep what the user gave them. Three lists are
@@ -196,16 +203,6 @@ TEST_F(PreviewTest, TheUniquePanelShowsWhatItsKindNeeds) {
     EXPECT_EQ(shown, expected) << kind;
   }
   // clang-format on
-}
-
-TEST_F(PreviewTest, PagesShowTheirPanels) {
-  Set("TabIndex=3|Option_ChangeFileDate=True");
-  EXPECT_TRUE(pages.Frame_AdvancedDate.Visible() && !pages.Frame_Advanced.Visible());
-  for (const auto& [option, shown] :
-       Pairs{{"Option_Move", "1Move To:"}, {"Option_Copy", "0Copy To:"}}) {
-    Set(option, "True");
-    EXPECT_EQ(settings.TransferMethod.ValueText() + pages.Lbl_MoveTo.Caption(), shown);
-  }
 }
 
 }  // namespace

@@ -192,7 +192,13 @@ class TreeTest : public ScanTest {
   Lines messages;
 };
 
-TEST_F(TreeTest, WalksALevelBeforeWhatLiesBelowIt) {
+TEST_F(TreeTest, WalksALevelOfFilesOrFoldersBeforeWhatLiesBelowIt) {
+  Set("Option1_Folders", "True");
+  scan.ToggleSubfolderScan();
+  EXPECT_EQ(Paths(), (Lines{"~/a", "~/b", "~/a/deep", "~/a/loop", "~/b/deep"}));
+  EXPECT_EQ(events.yields, 0);
+  Set("Option1_Files", "True");
+  messages.clear();
   pane.ScanSub.styled.Press();
   EXPECT_EQ(Paths(), (Lines{"~/top", "~/a/f", "~/b/f", "~/a/deep/f", "~/b/deep/f"}));
   EXPECT_EQ(messages[1], "scanning ~/a");
@@ -249,13 +255,6 @@ TEST_F(TreeTest, AnUnreadableFolderEndsItsLevelOnly) {
   files.FailPath(FileCall::List, folder.Path() + "a/", FileError::NotPermitted);
   scan.ToggleSubfolderScan();
   EXPECT_EQ(Paths(), Lines{"~/top"});
-}
-
-TEST_F(TreeTest, FoldersAndTheirLinksAreRowsOfAFoldersView) {
-  Set("Option1_Folders", "True");
-  scan.ToggleSubfolderScan();
-  EXPECT_EQ(Paths(), (Lines{"~/a", "~/b", "~/a/deep", "~/a/loop", "~/b/deep"}));
-  EXPECT_EQ(events.yields, 0);
 }
 
 // A subfolder scan may be started in the middle of a fill; the fill then goes on behind it.

@@ -35,23 +35,21 @@ TEST_F(SystemFilesTest, FactsFollowLinksAndExistsDoesNot) {
   EXPECT_FALSE(files_.Exists(folder_.Path("missing")));
 }
 
-TEST_F(SystemFilesTest, DeleteTakesFilesAndLinksButNoFolder) {
-  EXPECT_EQ(files_.Delete(folder_.Path("folder")), FileError::IsFolder);
-  EXPECT_EQ(files_.Delete(folder_.Path("missing")), FileError::NotFound);
-  EXPECT_EQ(files_.Delete(folder_.Path("link")), FileError::None);
-  EXPECT_EQ(files_.Delete(folder_.Path("dangling")), FileError::None);
-  EXPECT_EQ(folder_.Names(), (NameList{"file", "folder", "pipe"}));
-}
-
-TEST_F(SystemFilesTest, ReadWholeGivesEveryByteOfFilesOnly) {
+TEST_F(SystemFilesTest, ReadWholeGivesEveryByteOfFilesOnlyAndDeleteTakesNoFolder) {
   const std::string big(300'001, 'x');
-  EXPECT_TRUE(files_.ReadWhole(folder_.Write("big", big)) == big);
-  EXPECT_EQ(files_.ReadWhole(folder_.Write("empty")), "");
+  EXPECT_TRUE(files_.ReadWhole(folder_.Write("file 2", big)) == big);
+  EXPECT_EQ(files_.ReadWhole(folder_.Write("file 3")), "");
   EXPECT_EQ(files_.ReadWhole(folder_.Path("link")), std::string("a\0b\r\n", 5));
   EXPECT_NE(files_.ReadWhole("/proc/version").value_or(""), "");  // its size reads as 0
   for (const char* name : {"folder", "missing", "dangling", "pipe"}) {
     EXPECT_FALSE(files_.ReadWhole(folder_.Path(name))) << name;
   }
+  EXPECT_EQ(files_.Delete(folder_.Path("folder")), FileError::IsFolder);
+  EXPECT_EQ(files_.Delete(folder_.Path("missing")), FileError::NotFound);
+  for (const char* name : {"link", "dangling", "file 2", "file 3"}) {
+    EXPECT_EQ(files_.Delete(folder_.Path(name)), FileError::None) << name;
+  }
+  EXPECT_EQ(folder_.Names(), (NameList{"file", "folder", "pipe"}));
 }
 
 TEST(ListFolder, GivesVisibleEntriesWithTheirKindsByNameIgnoringCaseOrTellsWhyItCannot) {

@@ -112,9 +112,12 @@ TEST(Regex, RefusesWhatIsNoPattern) {
   // clang-format on
 }
 
-TEST(Regex, ReplacesTheFirstMatchOnlyWhenAsked) {
+TEST(Regex, ReplacesTheFirstMatchOnlyWhenAskedAndGivesUpOnResultsBeyondTheirLimit) {
   EXPECT_EQ(Regex::Compile("a", false)->Replace("baab", "x", false), "bxab");
   EXPECT_EQ(Regex::Compile("", false)->Replace("", "x", false), "x");
+  const std::string half(Regex::maxResult / 2, 'x');
+  EXPECT_EQ(ReplaceAll("a", "aab", half), "no result");
+  EXPECT_EQ(ReplaceAll("(x+)", half, "$1$1$1"), "no result");
 }
 
 // Without a limit, or with one for each place, these would outlast the test's time by ages.
@@ -143,12 +146,6 @@ TEST(Regex, LimitsWhatRepeatedReplacingTakes) {
   }
   EXPECT_EQ(regex->ReplaceInTurn("xa", "aa", 3), "xaaaa");
   EXPECT_EQ(Regex::Compile("(a+)+$", false)->ReplaceInTurn(name + "!", "", 3), std::nullopt);
-}
-
-TEST(Regex, GivesUpOnResultsBeyondTheirLimit) {
-  const std::string half(Regex::maxResult / 2, 'x');
-  EXPECT_EQ(ReplaceAll("a", "aab", half), "no result");
-  EXPECT_EQ(ReplaceAll("(x+)", half, "$1$1$1"), "no result");
 }
 
 }  // namespace

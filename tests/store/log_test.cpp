@@ -104,14 +104,11 @@ TEST(LogFormat, WhatIsNoRecordIsNone) {
   EXPECT_EQ(ParseRecord("1\x06 /a?/b?c?d?e?\x06\x05")->detail, "");
 }
 
-TEST_F(LogTest, ARunWithoutALogGoesOn) {
-  files.FailAt(FileCall::Append, 1, FileError::NotPermitted);
-  RunBatch({aToB});
-  EXPECT_FALSE(folder.Exists("Logfile.txt"));
-}
-
 // One write a line; what one of them loses, the others don't, and no record is without a header.
 TEST_F(LogTest, AFullDiskCostsOnlyWhatDidNotFit) {
+  files.FailAt(FileCall::Append, 1, FileError::NotPermitted);
+  RunBatch({aToB});
+  EXPECT_FALSE(folder.Exists("Logfile.txt")) << "a run without a log goes on";
   files.FailAt(FileCall::Write, 1, FileError::NoSpace);
   files.FailAt(FileCall::Write, 3, FileError::NoSpace);
   RunBatch({aToB, aToB, aToB});
