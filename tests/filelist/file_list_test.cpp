@@ -74,6 +74,20 @@ TEST_F(FileListTest, SortsByHiddenKeysAndFlipsWithEveryClick) {
   EXPECT_EQ(sorted(Column::Date), (Lines{"C", "b", "a"}));
 }
 
+TEST_F(FileListTest, ABulkChangeIsSortedOnceAndOnlyIfASortWasChosen) {
+  const auto fill = [this] {
+    list.ToggleListSort();
+    list.Clear();
+    for (const char* name : {"z", "y"}) Add(name);
+    EXPECT_EQ(Names(), (Lines{"z", "y"}));
+    list.ToggleListSort();
+    return Names();
+  };
+  EXPECT_EQ(fill(), (Lines{"z", "y"}));
+  for (int click = 0; click < 2; ++click) list.SortByColumn(Column::FileName);
+  EXPECT_EQ(fill(), (Lines{"y", "z"}));
+}
+
 TEST(SizeText, IsThousandsOfBytesRounded) {
   // clang-format off
   const std::vector<std::pair<std::int64_t, std::string>> cases = {
