@@ -6,7 +6,8 @@ namespace tallowbrook {
 
 QMimeData* ExactTextEdit::createMimeDataFromSelection() const {
   auto* copied = new QMimeData;
-  copied->setText(textCursor().selectedText().replace(QChar::ParagraphSeparator, QLatin1Char('\n')));
+  copied->setText(
+      textCursor().selectedText().replace(QChar::ParagraphSeparator, QLatin1Char('\n')));
   return copied;
 }
 

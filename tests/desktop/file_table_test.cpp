@@ -147,6 +147,9 @@ TEST_F(FileTableTest, TheRightButtonKeepsAHighlightAndTheEmptySpaceClearsIt) {
   Click(NamePoint(1), Qt::RightButton);
   EXPECT_EQ(Highlights(), ".xx");
   Menu()->close();
+  Click(NamePoint(0), Qt::RightButton, Qt::ControlModifier);
+  EXPECT_EQ(Highlights(), "x..");
+  Menu()->close();
   Click(below);
   EXPECT_EQ(Highlights(), "...");
 }

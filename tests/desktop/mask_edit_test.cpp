@@ -88,6 +88,16 @@ TEST_F(MaskEditTest, WhatIsPastedStaysOnOneLineAndPlainAndKeepsItsBlanks) {
   EXPECT_TRUE(mask.Value().ends_with("<v1Year><v1Title> "));
   EXPECT_TRUE(Shown(edit).ends_with("################# "));
   EXPECT_EQ(edit.document()->blockCount(), 1);
+  mask.Set(
+      "a\xC2\xA0"
+      "b");
+  Keys({Qt::Key_Home});
+  for (const Qt::Key key : {Qt::Key_A, Qt::Key_X, Qt::Key_V, Qt::Key_V})
+    Press(key, Qt::ControlModifier);
+  EXPECT_EQ(mask.Value(),
+            "a\xC2\xA0"
+            "ba\xC2\xA0"
+            "b");
   // A line break from a profile can't be shown, but isn't lost before somebody edits the mask.
   mask.Set("a\nb");
   Keys({Qt::Key_Home, Qt::Key_End});
@@ -107,6 +117,13 @@ TEST_F(MaskEditTest, EnterPreviewsAndTypesNothingAndTabGoesOn) {
   Press(Qt::Key_Return);
   EXPECT_NE(newName, "old");
   EXPECT_EQ(mask.Value(), "new");
+  // Fast hands press Enter before the last letter is let go.
+  newName = "old";
+  QTest::keyPress(&edit, Qt::Key_W);
+  QTest::keyPress(&edit, Qt::Key_Return);
+  QTest::keyRelease(&edit, Qt::Key_W);
+  QTest::keyRelease(&edit, Qt::Key_Return);
+  EXPECT_NE(newName, "old");
   Press(Qt::Key_Tab);
   EXPECT_EQ(QApplication::focusWidget()->objectName(), QStringLiteral("PushButton_InsertKeyword"));
 }

@@ -19,9 +19,10 @@ class TagEditorWindowTest : public WindowTest {
     Activate(window);
     Settle();
     table.selectRow(row);
-    QTimer::singleShot(0, [&] {
+    bool wasOpen = false;
+    QTimer::singleShot(0, &window, [&] {
       QWidget* editor = QApplication::activeModalWidget();
-      ASSERT_TRUE(editor);
+      ASSERT_TRUE(wasOpen = editor != nullptr);
       ASSERT_TRUE(
           QTest::qWaitFor([&] { return editor->isAncestorOf(QApplication::focusWidget()); }));
       use(*editor);
@@ -29,6 +30,7 @@ class TagEditorWindowTest : public WindowTest {
       EXPECT_FALSE(editor->isVisible());
     });
     Get<QAbstractButton>("PushButton_EditID3").click();
+    ASSERT_TRUE(wasOpen);
   }
   std::string SavedLyrics(const char* name) {
     cMP3ID3v2 tag(files);
