@@ -204,6 +204,11 @@ std::string_view BaseNameOf(std::string_view name) {
 
 std::size_t FindIgnoringCase(std::string_view text, std::string_view ascii) {
   const auto lower = [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c | 0x20) : c; };
+  // Keywords begin with "<", which most names don't hold.
+  const bool hasCase = !ascii.empty() && IsLetterKey(ascii.substr(0, 1));
+  if (!hasCase && text.find(ascii.substr(0, 1)) == std::string_view::npos) {
+    return std::string_view::npos;
+  }
   const auto found = std::search(text.begin(), text.end(), ascii.begin(), ascii.end(),
                                  [&](char a, char b) { return lower(a) == lower(b); });
   return found == text.end() ? std::string_view::npos
