@@ -6,6 +6,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 
 namespace tallowbrook {
 
@@ -43,6 +44,15 @@ class Decimal {
 
 // Whether the text has the form of a number, however large: Parse may still give nothing.
 bool IsNumeric(std::string_view text);
+// The number that a text is, rounded to a whole one, halves to the even one. Nothing for a text
+// that is none, or one beyond the integer's range, which is at most 32 bits.
+template <typename Integer = std::int32_t>
+std::optional<Integer> WholeNumber(std::string_view text) {
+  const std::optional<Decimal> number = Decimal::Parse(text);
+  const std::optional<std::int32_t> whole = number ? number->ToInt32() : std::nullopt;
+  if (!whole || !std::in_range<Integer>(*whole)) return std::nullopt;
+  return static_cast<Integer>(*whole);
+}
 // The number at the start of a text, 0 if there is none: "12abc" is 12.
 Decimal LeadingNumber(std::string_view text);
 

@@ -106,11 +106,6 @@ void ReplaceDate(std::string& mask, std::span<const DateKeyword> keywords, Date 
   }
 }
 
-std::optional<std::int32_t> WholeNumber(std::string_view text) {
-  const std::optional<Decimal> number = Decimal::Parse(text);
-  return number ? number->ToInt32() : std::nullopt;
-}
-
 // A number that can't be read leaves the one of the pass before: the length of the last good token,
 // or none.
 template <typename Cut>

@@ -22,8 +22,7 @@ std::string Formed(std::string_view text, int form) {
 
 // "7", "07" and " 7 " are all "07"; a text that is no number stays as it is.
 std::string TwoDigits(const std::string& text) {
-  const std::optional<Decimal> number = Decimal::Parse(text);
-  const std::optional<std::int32_t> whole = number ? number->ToInt32() : std::nullopt;
+  const std::optional<std::int32_t> whole = WholeNumber(text);
   if (!whole) return text;
   return (*whole >= 0 && *whole < 10 ? "0" : "") + std::to_string(*whole);
 }

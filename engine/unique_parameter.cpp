@@ -18,11 +18,6 @@ bool IsLetter(char c) {
   return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z');
 }
 
-std::optional<std::int32_t> WholeNumber(std::string_view text) {
-  const std::optional<Decimal> number = Decimal::Parse(text);
-  return number ? number->ToInt32() : std::nullopt;
-}
-
 void SwapIfBackward(Text& first, Text& last) {
   const std::optional<Decimal> low = Decimal::Parse(first.Value());
   const std::optional<Decimal> high = Decimal::Parse(last.Value());

@@ -233,8 +233,7 @@ std::int32_t ExifReader::AsNumber(const TagRecord& record) const {
   if (const auto* number = std::get_if<std::int32_t>(&value)) return *number;
   const auto* text = std::get_if<std::string>(&value);
   if (text == nullptr) return 0;
-  const std::optional<Decimal> number = Decimal::Parse(*text);
-  const std::optional<std::int32_t> whole = number ? number->ToInt32() : std::nullopt;
+  const std::optional<std::int32_t> whole = WholeNumber(*text);
   if (!whole) Raise(failureInvalidArgument, SourceOf(reader));
   return *whole;
 }

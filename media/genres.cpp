@@ -1,7 +1,6 @@
 #include "media/genres.h"
 
 #include <iterator>
-#include <limits>
 #include <optional>
 
 #include "base/decimal.h"
@@ -63,12 +62,9 @@ std::string_view Piece(const std::vector<std::string_view>& pieces, std::size_t 
 }
 
 std::int16_t Number(std::string_view text) {
-  using Limits = std::numeric_limits<std::int16_t>;
-  const std::optional<Decimal> number = Decimal::Parse(text);
-  const std::optional<std::int32_t> whole = number ? number->ToInt32() : std::nullopt;
-  const bool fits = whole && *whole >= Limits::min() && *whole <= Limits::max();
-  if (!fits) Raise(failureOverflow, Source());
-  return static_cast<std::int16_t>(*whole);
+  const std::optional<std::int16_t> number = WholeNumber<std::int16_t>(text);
+  if (!number) Raise(failureOverflow, Source());
+  return *number;
 }
 
 // An entry stands in the lists before its parts are looked at: one that fails stays there without

@@ -31,14 +31,6 @@ constexpr FieldFrame fieldFrames[] = {
     {"WOAR"}, {"WCOM"}, {"WOAF"}, {"TCOP"}, {"TCOM"}, {"TOPE"},    {"WXXX", 1}, {"PCNT"},
     {"TENC"}, {"TIT2"}, {"TPE1"}, {"TALB"}, {"TYER"}, {"COMM", 2}, {"USLT", 1}, {"TRCK"}};
 
-// 0 to 255, or nothing.
-std::optional<std::uint8_t> GenreNumber(std::string_view text) {
-  const std::optional<Decimal> number = Decimal::Parse(text);
-  const std::optional<std::int32_t> whole = number ? number->ToInt32() : std::nullopt;
-  if (!whole || *whole < 0 || *whole > 255) return std::nullopt;
-  return static_cast<std::uint8_t>(*whole);
-}
-
 }  // namespace
 
 std::string_view cMP3ID3v2::GenreName(std::uint8_t number) {
@@ -89,7 +81,8 @@ void cMP3ID3v2::TakeGenre(std::string_view text) {
   const std::size_t open = text.find('('), close = text.find(')');
   const bool hasBrackets = open != text.npos && close != text.npos && open < close;
   const std::optional<std::uint8_t> number =
-      hasBrackets ? GenreNumber(text.substr(open + 1, close - open - 1)) : std::nullopt;
+      hasBrackets ? WholeNumber<std::uint8_t>(text.substr(open + 1, close - open - 1))
+                  : std::nullopt;
   if (!number) {
     otherGenreName_ = FromCodePage(text);
     return;

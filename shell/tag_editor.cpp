@@ -14,14 +14,6 @@ namespace {
 
 constexpr std::uint8_t noGenre = 255;
 
-// 0 to 255, or nothing.
-std::optional<std::uint8_t> ByteOf(std::string_view text) {
-  const std::optional<Decimal> number = Decimal::Parse(text);
-  const std::optional<std::int32_t> whole = number ? number->ToInt32() : std::nullopt;
-  if (!whole || *whole < 0 || *whole > 255) return std::nullopt;
-  return static_cast<std::uint8_t>(*whole);
-}
-
 }  // namespace
 
 TagEditor::TagEditor(const TagEditorWorld& world)
@@ -56,7 +48,9 @@ std::vector<TagEditor::Step> TagEditor::V1Steps() {
           text(Txt_v1Title, &cMP3ID3v1::Title),
           text(Txt_v1Album, &cMP3ID3v1::Album),
           {[this, &tag] { Txt_v1Track.Set(std::to_string(tag.Track)); },
-           [this, &tag] { tag.Track = ByteOf(Txt_v1Track.Value()).value_or(tag.Track); }},
+           [this, &tag] {
+             tag.Track = WholeNumber<std::uint8_t>(Txt_v1Track.Value()).value_or(tag.Track);
+           }},
           text(Txt_v1Year, &cMP3ID3v1::Year),
           {[this, &tag] { Txt_v1Genre.Set(tag.GenreName(tag.Genre)); },
            [this, &tag] { tag.Genre = ChosenGenre(genreV1_).value_or(tag.Genre); }},
@@ -158,7 +152,8 @@ bool TagEditor::SelectGenre(const GenreChoice& genre, int number) {
 
 std::optional<std::uint8_t> TagEditor::ChosenGenre(const GenreChoice& genre) {
   if (genre.combo.Index() < 1) return noGenre;
-  return ByteOf(std::to_string(genre.ids.at(static_cast<std::size_t>(genre.combo.Index()))));
+  return WholeNumber<std::uint8_t>(
+      std::to_string(genre.ids.at(static_cast<std::size_t>(genre.combo.Index()))));
 }
 
 // "None Selected" stands for the list's number at 0, which is 0: the other tag then gets the genre
