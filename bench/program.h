@@ -17,7 +17,20 @@ struct NoEvents : PendingEvents {
 };
 struct NoDesktop : Desktop {
   void Open(const std::string&) override {}
+  void OpenAddress(const std::string&) override {}
   void ShowInFolder(const std::string&, const std::string&) override {}
+};
+
+struct NoThumbnails : ThumbnailSource {
+  std::optional<PackedBitmap> Extract(const std::string&, const FileFacts&, int, int) override {
+    return {};
+  }
+};
+struct NoNetwork : TcpClient {
+  void Connect(const std::string&, std::uint16_t) override {}
+  void Send(std::string_view) override {}
+  void Close() override {}
+  bool IsOpen() const override { return false; }
 };
 
 struct Program {
@@ -29,8 +42,19 @@ struct Program {
   NoDialogs dialogs;
   NoEvents events;
   NoDesktop desktop;
-  Form1 form{
-      {files, clock, random, dialogs, events, desktop, EnglishDateNames(), {data, data}, data}};
+  NoThumbnails thumbnails;
+  NoNetwork network;
+  Form1 form{{files,
+              clock,
+              random,
+              dialogs,
+              events,
+              desktop,
+              thumbnails,
+              network,
+              EnglishDateNames(),
+              {data, data},
+              data}};
 
   // Photos are listed by their file dates: most jobs' photos are empty files.
   Program() {

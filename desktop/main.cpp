@@ -5,6 +5,8 @@
 #include "desktop/events.h"
 #include "desktop/main_window.h"
 #include "desktop/opener.h"
+#include "desktop/tcp_socket.h"
+#include "desktop/thumbnail_pictures.h"
 #include "platform/clock.h"
 #include "platform/files.h"
 #include "platform/program_folders.h"
@@ -22,8 +24,10 @@ int main(int argc, char** argv) {
   WindowDialogs dialogs;
   WindowEvents events;
   WindowDesktop desktop;
+  ThumbnailPictures thumbnails;
+  TcpSocket socket;
   const std::string home = HomeFolder();
-  Form1 form({files, clock, random, dialogs, events, desktop, SystemDateNames(),
+  Form1 form({files, clock, random, dialogs, events, desktop, thumbnails, socket, SystemDateNames(),
               FindProgramFolders(), home});
   MainWindow window(form, files, home);
   dialogs.SetParent(&window);

@@ -14,6 +14,10 @@ void WindowDesktop::Open(const std::string& path) {
   openUrl_(FileUrl(path));
 }
 
+void WindowDesktop::OpenAddress(const std::string& address) {
+  openUrl_(QUrl(QString::fromStdString(address), QUrl::StrictMode));
+}
+
 void WindowDesktop::ShowInFolder(const std::string& folder, const std::string& path) {
   constexpr int patience = 2000;  // ms
   const QDBusConnection bus = bus_();

@@ -20,6 +20,7 @@ class WindowDesktop : public Desktop {
       : bus_(std::move(bus)), openUrl_(std::move(openUrl)) {}
 
   void Open(const std::string& path) override;
+  void OpenAddress(const std::string& address) override;
   // Asks the file manager (org.freedesktop.FileManager1 on the session bus, method ShowItems).
   // Without an answer in time the folder is opened instead.
   void ShowInFolder(const std::string& folder, const std::string& path) override;

@@ -21,7 +21,10 @@
 #include "media/mp3_id3v1.h"
 #include "media/mp3_id3v2.h"
 #include "platform/program_folders.h"
+#include "platform/tcp_client.h"
+#include "platform/thumbnail_source.h"
 #include "shell/blinker.h"
+#include "shell/deployment.h"
 #include "shell/keyword_picker.h"
 #include "shell/manual_rename.h"
 #include "shell/tag_editor.h"
@@ -38,9 +41,12 @@ struct World {
   Dialogs& dialogs;
   PendingEvents& events;
   Desktop& desktop;
+  ThumbnailSource& thumbnails;
+  TcpClient& updateSocket;
   const DateNames& dateNames;
   ProgramFolders folders;
   std::string home;  // the folder that a first start shows
+  Deployment deployment = {};
 };
 
 class Form1 {

@@ -11,7 +11,9 @@
 #include "desktop/events.h"
 #include "desktop/main_window.h"
 #include "desktop/opener.h"
+#include "desktop/tcp_socket.h"
 #include "desktop/text.h"
+#include "desktop/thumbnail_pictures.h"
 #include "platform/clock.h"
 #include "platform/files.h"
 #include "platform/random.h"
@@ -42,12 +44,16 @@ void Run(const QString& pictures) {
   PrintedDialogs dialogs;
   WindowEvents events;
   WindowDesktop desktop;
+  ThumbnailPictures thumbnails;
+  TcpSocket socket;
   Form1 form({files,
               clock,
               random,
               dialogs,
               events,
               desktop,
+              thumbnails,
+              socket,
               EnglishDateNames(),
               {ToBytes(QApplication::applicationDirPath()) + "/", samples.Data()},
               samples.Home()});

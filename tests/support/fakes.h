@@ -15,6 +15,8 @@
 #include "platform/clock.h"
 #include "platform/desktop.h"
 #include "platform/random.h"
+#include "platform/tcp_client.h"
+#include "platform/thumbnail_source.h"
 
 namespace tallowbrook {
 
@@ -54,9 +56,40 @@ class FakeDesktop : public Desktop {
   std::vector<std::string> opened;
 
   void Open(const std::string& path) override { opened.push_back(path); }
+  void OpenAddress(const std::string& address) override { opened.push_back(address); }
   void ShowInFolder(const std::string& folder, const std::string& path) override {
     opened.push_back(folder + " > " + path);
   }
+};
+
+// Has a picture of every file whose name begins with "photo", its path and the size asked for.
+class FakeThumbnails : public ThumbnailSource {
+ public:
+  std::optional<PackedBitmap> Extract(const std::string& path, const FileFacts&, int width,
+                                      int height) override {
+    if (path.find("/photo") == std::string::npos) return {};
+    return PackedBitmap{width, height, path};
+  }
+};
+
+// A server that a test plays: it calls `connected`, `arrived` and `failed` itself.
+class FakeTcpClient : public TcpClient {
+ public:
+  std::vector<std::string> calls;  // "connect HOST PORT", "send BYTES", "close"
+
+  void Connect(const std::string& host, std::uint16_t port) override {
+    calls.push_back("connect " + host + " " + std::to_string(port));
+    open_ = true;
+  }
+  void Send(std::string_view bytes) override { calls.push_back("send " + std::string(bytes)); }
+  void Close() override {
+    calls.push_back("close");
+    open_ = false;
+  }
+  bool IsOpen() const override { return open_; }
+
+ private:
+  bool open_ = false;
 };
 
 // Stands at one moment, in universal time unless an offset is set.

@@ -16,11 +16,15 @@ struct TestWorld {
   FakeRandom random;
   FakeDialogs dialogs;
   FakeDesktop desktop;
+  FakeThumbnails thumbnails;
+  FakeTcpClient socket;
 
   World With(PendingEvents& events) {
     const ProgramFolders folders{data.Path(), data.Path()};
-    return {files,   clock,      random, dialogs, events, desktop, EnglishDateNames(),
-            folders, home.Path()};
+    return {files,      clock,      random,
+            dialogs,    events,     desktop,
+            thumbnails, socket,     EnglishDateNames(),
+            folders,    home.Path()};
   }
 };
 
