@@ -165,6 +165,18 @@ void TextWithItems::SelectItem(std::size_t index) {
   if (picked) picked();
 }
 
+std::string FreeList::StoredText() const {
+  const auto found = std::find(Items().begin(), Items().end(), Value());
+  return std::to_string(found == Items().end() ? -1 : found - Items().begin());
+}
+
+bool FreeList::SetStoredText(std::string_view text) {
+  const std::optional<int> index = ParseWholeNumber(text);
+  if (!index || !IsSelectable(*index, Items())) return false;
+  if (*index >= 0) SelectItem(static_cast<std::size_t>(*index));
+  return true;
+}
+
 List::List(Screen& screen, const ControlFacts& facts, std::vector<std::string> items, int index)
     : Control(screen, ControlKind::List, facts),
       items_(std::move(items)),

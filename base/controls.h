@@ -85,6 +85,10 @@ class Control {
   // the text is no value of this kind.
   virtual bool SetValueText(std::string_view) { return false; }
 
+  // The same as a profile keeps it.
+  virtual std::string StoredText() const { return ValueText(); }
+  virtual bool SetStoredText(std::string_view text) { return SetValueText(text); }
+
  protected:
   // Tells the screen, then runs the rule.
   void ValueChanged();
@@ -204,6 +208,10 @@ class FreeList : public TextWithItems {
  public:
   FreeList(Screen& screen, const ControlFacts& facts, std::string_view text = {})
       : TextWithItems(screen, facts, text, ControlKind::FreeList) {}
+  // The index of the item that the text is, -1 for any other text, which a profile can't keep: -1
+  // leaves what is there.
+  std::string StoredText() const override;
+  bool SetStoredText(std::string_view text) override;
 };
 
 class History : public TextWithItems {

@@ -93,6 +93,14 @@ std::optional<Date> MakeDate(const DateFields& fields) {
   return Date{days * secondsPerDay + fields.hour * 3600 + fields.minute * 60 + fields.second};
 }
 
+std::int64_t DayOf(Date date) {
+  return FloorDivide(date.seconds, secondsPerDay);
+}
+
+Date StartOfDay(Date date) {
+  return Date{DayOf(date) * secondsPerDay};
+}
+
 DateFields FieldsOf(Date date) {
   const std::int64_t seconds = std::clamp(date, earliest, latest).seconds;
   const std::int64_t days = FloorDivide(seconds, secondsPerDay);

@@ -35,6 +35,11 @@ inline constexpr std::int64_t secondsToPosixEpoch = 25569LL * 86400;
 std::optional<Date> MakeDate(const DateFields& fields);
 DateFields FieldsOf(Date date);
 
+// Whole days since 30 December 1899: midnights lie between two dates of different days.
+std::int64_t DayOf(Date date);
+// The midnight with which the date's day begins.
+Date StartOfDay(Date date);
+
 int DaysInMonth(int year, int month);
 
 enum class DateInterval { Day, Week, Month, Year };

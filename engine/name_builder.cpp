@@ -196,9 +196,7 @@ std::string NameBuilder::DateCommand() const {
   if (s.Check_UseCurrentDateTime.On()) {
     command += GeneralDateText(clock_.Now());
   } else {
-    constexpr std::int64_t day = 86400;
-    const Date date = s.DTPicker_AdvancedDate.Value();
-    command += GeneralDateText(Date{date.seconds - ((date.seconds % day) + day) % day});
+    command += GeneralDateText(StartOfDay(s.DTPicker_AdvancedDate.Value()));
     command += " " + TwoDigits(s.Combo_AdvancedDate3.Value());
     command += ":" + s.Combo_AdvancedDate4.Value() + ":" + s.Combo_AdvancedDate5.Value();
   }

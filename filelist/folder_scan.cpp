@@ -18,11 +18,6 @@ const std::string fallbackFolder = "/";
 constexpr std::size_t rowsBetweenYields = 10;
 constexpr std::ptrdiff_t longestShownPath = 70;
 
-std::string WithoutSlash(std::string path) {
-  while (path.size() > 1 && path.back() == '/') path.pop_back();
-  return path;
-}
-
 }  // namespace
 
 std::string GetFileExtension(std::string_view name) {
@@ -364,6 +359,11 @@ void FolderScan::CompleteFolder() {
     if (EqualIgnoringCase(*head, tail)) proposals.push_back(folder.path);
   }
   pane_.Combo1.SetItems(std::move(proposals));
+}
+
+void FolderScan::SetThumbnailMode(bool on) {
+  ThumbnailMode = on;
+  pane_.Check_Thumbnails.Set(on ? 1 : 0);
 }
 
 void FolderScan::ShowFiles() {

@@ -75,6 +75,9 @@ class FolderScan {
   std::optional<Date> FileDate(const std::string& path);
   std::string GetListDate(const std::string& path);
 
+  // Brings box and view in line; nothing is listed anew.
+  void SetThumbnailMode(bool on);
+
   // Selects a folder as a click in the tree does, or stops a running fill instead. What is no
   // folder, or doesn't begin at the root, gives a message and false.
   bool SelectFolder(std::string path);

@@ -98,4 +98,9 @@ std::string WithSlash(std::string_view path) {
   return JoinPath(path, {});
 }
 
+std::string WithoutSlash(std::string_view path) {
+  while (path.size() > 1 && path.back() == '/') path.remove_suffix(1);
+  return std::string(path);
+}
+
 }  // namespace tallowbrook

@@ -174,6 +174,8 @@ bool MatchesPattern(std::string_view name, std::string_view pattern);
 std::string JoinPath(std::string_view folder, std::string_view name);
 // The path with a "/" at its end; an empty path stays empty.
 std::string WithSlash(std::string_view path);
+// The path without slashes at its end; the root stays.
+std::string WithoutSlash(std::string_view path);
 
 // The Linux file system.
 class SystemFiles : public Files {

@@ -1,9 +1,19 @@
 #include "shell/form1.h"
 
+#include <algorithm>
+
 #include "base/guards.h"
 #include "shell/commands.h"
 
 namespace tallowbrook {
+
+namespace {
+
+// The profile that stands for how the program was left, and one that is in no file.
+constexpr std::int32_t lastState = 0;
+constexpr std::int32_t noProfile = -1;
+
+}  // namespace
 
 Form1::Form1(const World& world)
     : settings(screen),
@@ -35,8 +45,27 @@ Form1::Form1(const World& world)
       picker(settings, pages.KeywordCaret),
       editedV1(world.files),
       editedV2(world.files),
+      profiles({world.files, world.clock, screen, settings, pages, pane, scan, operations,
+                statusBar, world.home}),
+      update({world.updateSocket, world.clock, world.dialogs, world.desktop, world.deployment,
+              AutoUpdateLastCheck}),
+      tips(world.files, world.clock, world.random, DisplayStartupTipsNew),
+      ribbon(screen),
+      menus(screen, [this](int number) { Dispatch(number); }),
       world_(world) {
   WireButtons();
+  WireProfiles();
+}
+
+void Form1::WireProfiles() {
+  profiles.listChanged = [this] { Profile_List_Update(); };
+  profiles.currentChanged = [this] {
+    menus.Item("mnu_SaveProfile").SetEnabled(profiles.Current().id != 0);
+  };
+  profiles.currentStyle = [this] { return CurrentStyle; };
+  profiles.applyStyle = [this](const std::string& path) { ApplyStyle(path); };
+  menus.Item("mnu_StartupTips").rule = [this] { ShowStartupTips(); };
+  menus.Item("mnu_SC_ManualRename").rule = [this] { OpenManualRename(); };
 }
 
 void Form1::WireButtons() {
@@ -48,6 +77,7 @@ void Form1::WireButtons() {
   pages.InsertKeyword.Does([this] { OpenKeywordPicker(1); });
   pages.InsertKeyword1.Does([this] { OpenKeywordPicker(2); });
   operations.ShowTagEditor = [this] { ShowTagEditor(); };
+  pages.BrowseMoveTo.Does([this] { OpenBrowse(); });
   pages.EditID3.Does([this] { operations.OpenTagEditorForSelection(); });
   run.updateMoveControls = [this] { pages.UpdateMoveControls(); };
   preview.ended = [this] { return ExitDone; };
@@ -66,7 +96,6 @@ void Form1::WireButtons() {
 // The order is fixed: later steps read what earlier ones set. A step that fails is left out.
 void Form1::Load() {
   const std::function<void()> steps[] = {
-      [this] { LoadSkin(); },
       [this] { ProgramLoading = true; },
       [this] { ClearStatusBar(); },
       [this] { BuildPaths(); },
@@ -79,7 +108,7 @@ void Form1::Load() {
       [this] { AskAutoUpdate(); },
       [this] { log.SetPath(world_.folders.data + "Logfile.txt"); },
       [this] {
-        if (AutoUpdate) AutoUpdateIfDue();
+        if (AutoUpdate) update.AutoUpdateIfDue();
       },
       [this] { operations.ShowDateCaption(); },
       [this] { pages.unique.UniqueClicked(); },
@@ -88,7 +117,6 @@ void Form1::Load() {
       },
       [this] { SetupCommandBars(); },
       [this] { BuildRibbon(); },
-      [this] { LoadLayout(); },
       [this] { Profile_List_Update(); },
       [this] { ApplyStyle(CurrentStyle); },
   };
@@ -124,18 +152,12 @@ void Form1::ExitProgram() {
 }
 
 void Form1::Dispatch(int number) {
-  switch (number) {
-    case commandReset:
-      pages.ResetSettings();
-      break;
-    case commandViewLog:
-      OpenHistoryWindow();
-      break;
-    case commandExit:
-      ExitProgram();
-      break;
-    default:
-      break;
+  if (number > profileCommands) {
+    Attempt([&] { LoadProfileAt(static_cast<std::size_t>(number - profileCommands)); });
+  } else if (const Command* command = FindCommand(number)) {
+    Attempt([&] { command->action(*this, number); });
+  } else if (repaint) {
+    repaint();
   }
 }
 
@@ -166,28 +188,184 @@ void Form1::OpenKeywordPicker(int target) {
   if (showKeywordPicker) showKeywordPicker(picker);
 }
 
-// Nothing is stored yet: every start is a first one and shows the user's own folder.
+// One line a key, in the order of the file.
+std::vector<ConfigurationEntry> Form1::ConfigurationEntries() {
+  return {
+      {"LoadSavedSettings=", &LoadSavedSettings, "True"},
+      {"AutoUpdate=", &AutoUpdate, "True"},
+      {"AutoUpdateLastCheck=", &AutoUpdateLastCheck, GeneralDateText(world_.clock.Now())},
+      {"DisplayStartupTips=", &DisplayStartupTips, "1"},
+      {"DisplayStartupTipsNew=", &DisplayStartupTipsNew, "1"},
+      {"ThumbnailWarning=", &ThumbnailWarning, "1"},
+      {"FirstRun=", &FirstRun, "True"},
+      {"ShowEXIFDateCreated=", &scan.ShowEXIFDateCreated, "1"},
+      {"WindowHeight=", &WindowHeight, "11100"},
+      {"WindowWidth=", &WindowWidth, "", false},
+      {"WindowTop=", &WindowTop, "1"},
+      {"WindowLeft=", &WindowLeft, "1"},
+  };
+}
+
 void Form1::GetConfiguration() {
-  scan.SelectFolder(world_.home);
+  const std::string path = ConfigurationPath();
+  const std::string text =
+      FileExists(world_.files, path) ? world_.files.ReadWhole(path).value_or("") : "";
+  ReadConfiguration(text, ConfigurationEntries());
+  if (heightChanged) heightChanged();
+  WindowTop = std::max(WindowTop, 1);
+  WindowLeft = std::max(WindowLeft, 1);
+  std::int32_t id = LoadSavedSettings ? lastState : noProfile;
+  profiles.LoadProfile(id);
+}
+
+void Form1::SaveSettings() {
+  world_.files.Rewrite(ConfigurationPath(), [this](std::string_view) {
+    return WriteConfiguration(ConfigurationEntries());
+  });
+  profiles.SaveProfile(lastState, "");
+}
+
+std::string Form1::ConfigurationPath() const {
+  return world_.folders.data + "tallowbrook.cfg";
+}
+
+void Form1::AskAutoUpdate() {
+  if (!FirstRun) return;
+  const Answer answer = world_.dialogs.Ask(
+      {"Auto Update Check",
+       "Tallowbrook has the option of automatically checking for updates, would you like to turn "
+       "this feature on?",
+       Buttons::YesNo});
+  AutoUpdate = answer == Answer::Yes;
+  if (AutoUpdate) {
+    world_.dialogs.Ask({"Auto Updated Check Enabled", "Auto Update Check has been turned on"});
+  } else {
+    world_.dialogs.Ask({"Auto Update Check Disabled",
+                        "Auto Update Check has been disabled. You can always re-enable it through "
+                        "the 'Options' menu"});
+  }
+  FirstRun = false;
+  SaveSettings();
 }
 
 void Form1::LoadGenreLists() {
   genres.LoadGenreLists(world_.files, world_.folders.program);
 }
 
-void Form1::LoadSkin() {}
-void Form1::BuildPaths() {}
+void Form1::BuildPaths() {
+  profiles.SetPath(world_.folders.data + "profile.cfg");
+  profiles.DefaultStyle = StylePath(commandStyleBlack);
+}
+
 void Form1::CreateThumbnailGenerator() {}
-void Form1::LoadLayout() {}
-void Form1::SaveSettings() {}
-void Form1::AskAutoUpdate() {}
-void Form1::AutoUpdateIfDue() {}
-void Form1::ShowStartupTips() {}
-void Form1::SetupCommandBars() {}
-void Form1::BuildRibbon() {}
-void Form1::Profile_List_Update() {}
+
+std::string Form1::StylePath(int number) const {
+  const auto style = std::ranges::find(Styles(), number, &StyleChoice::number);
+  return world_.folders.program + "Styles/" +
+         std::string(style == Styles().end() ? "" : style->file);
+}
+
 void Form1::ApplyStyle(const std::string& path) {
   CurrentStyle = path;
+  if (styleChanged) styleChanged();
+}
+
+// The classic menu bar isn't shown; its items answer to their names alone.
+void Form1::SetupCommandBars() {
+  ShowSwitches();
+}
+
+void Form1::BuildRibbon() {
+  ribbon.CurrentProfile.SetCaption("Current Profile: None");
+}
+
+void Form1::ShowSwitches() {
+  ribbon.Checked[commandAutoUpdate] = AutoUpdate;
+  ribbon.Checked[commandStartupTips] = DisplayStartupTipsNew == 1;
+  ribbon.Checked[commandDateCreated] = scan.DateColumnMode == 1;
+  ribbon.Checked[commandDateModified] = scan.DateColumnMode != 1;
+  ribbon.Checked[commandExifDate] = scan.ShowEXIFDateCreated == 1;
+  ribbon.Checked[commandLoadSettings] = LoadSavedSettings;
+}
+
+// What is selected in the ribbon stays selected where the profile is still there.
+void Form1::Profile_List_Update() {
+  std::vector<std::string> profileNames;
+  for (const ProfileEntry& profile : profiles.ProfileList()) profileNames.push_back(profile.name);
+  menus.ShowProfiles(profileNames);
+  const int selected = ribbon.LoadProfile.Index();
+  if (profileNames != ribbon.LoadProfile.Items()) {
+    ribbon.LoadProfile.SetItems(profileNames);
+    ribbon.LoadProfile.Select(selected);
+  }
+  if (profileMenuChanged) profileMenuChanged();
+}
+
+void Form1::LoadProfileAt(std::size_t index) {
+  if (index == 0 || index >= profiles.ProfileList().size()) return;
+  std::int32_t id = profiles.ProfileList()[index].id;
+  profiles.LoadProfile(id);
+}
+
+void Form1::LoadSelectedProfile() {
+  const int index = ribbon.LoadProfile.Index();
+  if (index <= 0) return;
+  LoadProfileAt(static_cast<std::size_t>(index));
+  ribbon.CurrentProfile.SetCaption("Current Profile: " + profiles.Current().name);
+}
+
+void Form1::SaveCurrentProfile() {
+  const ProfileEntry current = profiles.Current();
+  if (profiles.SaveProfile(current.id, current.name)) {
+    world_.dialogs.Ask({"Profile Saved", "Profile " + current.name + " saved successfully"});
+  } else {
+    world_.dialogs.Ask({"Save Profile", "The profile could not be saved"});
+  }
+}
+
+void Form1::OpenSaveProfileDialog() {
+  if (!showSaveProfile) return;
+  SaveProfileDialog dialog(profiles, world_.dialogs);
+  showSaveProfile(dialog);
+}
+
+void Form1::OpenManageProfiles() {
+  if (!showManageProfiles) return;
+  ManageProfiles dialog(profiles, world_.dialogs);
+  showManageProfiles(dialog);
+}
+
+void Form1::OpenOptions() {
+  if (!showOptions) return;
+  Options dialog({LoadSavedSettings, AutoUpdate, DisplayStartupTipsNew, scan.ShowEXIFDateCreated,
+                  scan.DateColumnMode, operations});
+  showOptions(dialog);
+  operations.ShowDateCaption();
+  ShowSwitches();
+  SaveSettings();
+}
+
+void Form1::OpenAboutDialog() {
+  if (!showAbout) return;
+  About dialog(world_.deployment, world_.desktop);
+  showAbout(dialog);
+}
+
+void Form1::OpenBrowse() {
+  if (!showBrowse) return;
+  Text& target = settings.Txt_MoveTo;
+  Browse dialog(world_.files, target, pane.FolderTreeview1.Value());
+  showBrowse(dialog);
+  if (!target.Value().empty()) target.Set(WithSlash(target.Value()));
+}
+
+void Form1::OpenSite(std::string_view path) {
+  world_.desktop.OpenAddress(world_.deployment.site + std::string(path));
+}
+
+void Form1::ShowStartupTips() {
+  if (!showTips || !tips.Load(world_.folders.program + "startuptips.txt")) return;
+  showTips(tips);
 }
 
 }  // namespace tallowbrook

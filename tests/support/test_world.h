@@ -19,6 +19,12 @@ struct TestWorld {
   FakeThumbnails thumbnails;
   FakeTcpClient socket;
 
+  // A start as any but the first: it asks nothing, checks nothing and shows no tips.
+  TestWorld() {
+    data.Write("tallowbrook.cfg",
+               "FirstRun=False\r\nAutoUpdate=False\r\nDisplayStartupTipsNew=0\r\n");
+  }
+
   World With(PendingEvents& events) {
     const ProgramFolders folders{data.Path(), data.Path()};
     return {files,      clock,      random,
