@@ -9,13 +9,13 @@
 
 #include "base/guards.h"
 #include "desktop/dropped_paths.h"
+#include "desktop/look.h"
 #include "desktop/popup_menu.h"
 
 namespace tallowbrook {
 
 namespace {
 
-constexpr int twipsPerPixel = 15;  // 1440 to the inch, 96 pixels to the inch
 constexpr char uriListType[] = "text/uri-list";
 
 // Paints a cell's background as a badge no wider than its text.

@@ -13,10 +13,14 @@ class QIcon;
 
 namespace tallowbrook {
 
+// 1440 to the inch, 96 pixels to the inch: sizes that are kept in twips.
+inline constexpr int twipsPerPixel = 15;
 inline constexpr int margin = 8;
 inline constexpr int spacing = 6;
 // From the corner of the main window to that of a dialog over it: 1000 twips.
 inline constexpr QPoint windowOffset(67, 67);
+// The same for the options: 500 twips.
+inline constexpr QPoint optionsOffset(33, 33);
 
 void ApplyLook(QApplication& application);
 // The program's icon, from the images beside the executable.

@@ -4,6 +4,7 @@
 #include <QCoreApplication>
 #include <QGridLayout>
 #include <QPushButton>
+#include <QScreen>
 #include <QSplitter>
 #include <QStatusBar>
 #include <QTimer>
@@ -16,10 +17,12 @@
 #include "desktop/keyword_picker_window.h"
 #include "desktop/list_area.h"
 #include "desktop/look.h"
-#include "desktop/manual_rename_dialog.h"
 #include "desktop/page_tabs.h"
+#include "desktop/profile_dialogs.h"
 #include "desktop/ribbon_place.h"
+#include "desktop/small_dialogs.h"
 #include "desktop/tag_editor_window.h"
+#include "desktop/tips_window.h"
 #include "desktop/window_keys.h"
 
 namespace tallowbrook {
@@ -31,7 +34,7 @@ constexpr double firstTreeShare = 0.22;
 }  // namespace
 
 MainWindow::MainWindow(Form1& form, Files& files, const std::string& home)
-    : form_(form), binder_(form.screen) {
+    : form_(form), binder_(form.screen), files_(files), home_(home) {
   setObjectName(QStringLiteral("Form1"));
   setWindowTitle(QStringLiteral("Tallowbrook"));
   auto* centre = new QWidget(this);
@@ -58,12 +61,22 @@ MainWindow::MainWindow(Form1& form, Files& files, const std::string& home)
 }
 
 MainWindow::~MainWindow() {
+  // What asks for a window later finds none.
   form_.showManualRename = nullptr;
+  form_.showSaveProfile = nullptr;
+  form_.showManageProfiles = nullptr;
+  form_.showOptions = nullptr;
+  form_.showAbout = nullptr;
+  form_.showBrowse = nullptr;
+  form_.showTips = nullptr;
   form_.showHistory = nullptr;
   form_.showTagEditor = nullptr;
   form_.showKeywordPicker = nullptr;
   form_.unload = nullptr;
+  form_.repaint = nullptr;
+  form_.heightChanged = nullptr;
   form_.blinker.started = nullptr;
+  form_.update.started = nullptr;
   // The regions hold references to the binder.
   delete takeCentralWidget();
 }
@@ -106,21 +119,54 @@ QLayout* MainWindow::MakeButtons() {
 }
 
 void MainWindow::WireForm() {
+  WireDialogs();
+  WireTimers();
+  form_.unload = [this] { Unload(); };
+  form_.repaint = [this] { update(); };
+  form_.heightChanged = [this] {
+    const int height = form_.WindowHeight / twipsPerPixel;
+    resize(width(), std::min(height, screen()->availableGeometry().height()));
+  };
+}
+
+void MainWindow::WireDialogs() {
   form_.showManualRename = [this](ManualRename& model) { ManualRenameDialog(model, this).exec(); };
+  form_.showSaveProfile = [this](SaveProfileDialog& model) {
+    SaveProfileWindow(model, this).exec();
+  };
+  form_.showManageProfiles = [this](ManageProfiles& model) {
+    ManageProfilesWindow(model, this).exec();
+  };
+  form_.showOptions = [this](Options& model) { OptionsDialog(model, this).exec(); };
+  form_.showAbout = [this](About& model) { AboutDialog(model, this).exec(); };
+  form_.showBrowse = [this](Browse& model) { BrowseDialog(model, files_, home_, this).exec(); };
+  form_.showTips = [this](StartupTips& model) {
+    if (!tips_) tips_ = new TipsWindow(model, this);
+    tips_->Open();
+  };
   form_.showHistory = [this](LogHistory& model) { HistoryWindow(model, this).exec(); };
   form_.showTagEditor = [this](TagEditor& model) { TagEditorWindow(model, this).exec(); };
   form_.showKeywordPicker = [this](KeywordPicker& model) {
     if (!picker_) picker_ = new KeywordPickerWindow(model, this);
     picker_->Open();
   };
-  form_.unload = [this] { Unload(); };
-  auto* timer = new QTimer(this);
-  timer->setInterval(Blinker::intervalMilliseconds);
-  connect(timer, &QTimer::timeout, this, [this, timer] {
+}
+
+void MainWindow::WireTimers() {
+  auto* timer1 = new QTimer(this);
+  timer1->setInterval(Blinker::intervalMilliseconds);
+  connect(timer1, &QTimer::timeout, this, [this, timer1] {
     form_.blinker.Tick();
-    if (!form_.blinker.Running()) timer->stop();
+    if (!form_.blinker.Running()) timer1->stop();
   });
-  form_.blinker.started = [timer] { timer->start(); };
+  form_.blinker.started = [timer1] { timer1->start(); };
+  auto* timer2 = new QTimer(this);
+  timer2->setInterval(UpdateCheck::intervalMilliseconds);
+  connect(timer2, &QTimer::timeout, this, [this, timer2] {
+    form_.update.Tick();
+    if (!form_.update.UpdateAwaitingAnswer) timer2->stop();
+  });
+  form_.update.started = [timer2] { timer2->start(); };
 }
 
 // Nothing is deleted here: the code that asked for the end is still running.
@@ -128,6 +174,7 @@ void MainWindow::Unload() {
   unloaded_ = true;
   QTimer::singleShot(0, this, [this] {
     if (picker_) picker_->close();
+    if (tips_) tips_->close();
     close();
     QCoreApplication::quit();
   });
@@ -141,6 +188,23 @@ void MainWindow::closeEvent(QCloseEvent* event) {
 void MainWindow::resizeEvent(QResizeEvent* event) {
   QMainWindow::resizeEvent(event);
   KeepTreeShare();
+  KeepPlace();
+}
+
+void MainWindow::moveEvent(QMoveEvent* event) {
+  QMainWindow::moveEvent(event);
+  KeepPlace();
+}
+
+// What the configuration remembers of the window: the size that it has unless it is maximized, and
+// where it stands.
+void MainWindow::KeepPlace() {
+  if (!isVisible()) return;
+  form_.WindowTop = y() * twipsPerPixel;
+  form_.WindowLeft = x() * twipsPerPixel;
+  if (isMaximized() || isFullScreen() || isMinimized()) return;
+  form_.WindowWidth = width() * twipsPerPixel;
+  form_.WindowHeight = height() * twipsPerPixel;
 }
 
 // By the sizes and not by a least width, which would keep a wide window from shrinking again.

@@ -14,6 +14,7 @@ class QSplitter;
 namespace tallowbrook {
 
 class KeywordPickerWindow;
+class TipsWindow;
 
 class MainWindow : public QMainWindow {
  public:
@@ -25,12 +26,16 @@ class MainWindow : public QMainWindow {
   // Closing asks the program to end; it may want to stop a scan first.
   void closeEvent(QCloseEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
+  void moveEvent(QMoveEvent* event) override;
 
  private:
   QWidget* MakeTop(Files& files, const std::string& home);
   QLayout* MakeBottom();
   QLayout* MakeButtons();
   void WireForm();
+  void WireDialogs();
+  void WireTimers();
+  void KeepPlace();
   void Unload();
   // The tree has at least 15 percent of the window.
   void KeepTreeShare();
@@ -39,7 +44,11 @@ class MainWindow : public QMainWindow {
   Binder binder_;
   QSplitter* splitter_ = nullptr;
   std::unique_ptr<StatusPanes> status_;
-  KeywordPickerWindow* picker_ = nullptr;  // once it was asked for
+  Files& files_;
+  std::string home_;
+  // Once they were asked for.
+  KeywordPickerWindow* picker_ = nullptr;
+  TipsWindow* tips_ = nullptr;
   bool unloaded_ = false;
 };
 

@@ -8,6 +8,7 @@
 #include "desktop/look.h"
 #include "desktop/text.h"
 #include "shell/commands.h"
+#include "shell/ribbon.h"
 
 namespace tallowbrook {
 
@@ -25,11 +26,11 @@ RibbonPlace::RibbonPlace(std::function<void(int)> dispatch, QWidget* parent) : Q
   row->addWidget(name);
   row->addSpacing(16);
 
-  for (const Command& command : Commands()) {
+  for (const RibbonItem& command : Layout().systemMenu) {
     auto* button = new QToolButton(this);
     button->setObjectName(QStringLiteral("Command%1").arg(command.number));
-    button->setText(WithAccessKey(command.caption, 0));
-    button->setToolTip(PlainToolTip(ToText(command.tip)));
+    button->setText(ToText(command.caption));
+    button->setToolTip(PlainToolTip(ToText(FindCommand(command.number)->tip)));
     button->setAutoRaise(true);
     button->setFocusPolicy(Qt::TabFocus);
     connect(button, &QToolButton::clicked, this,
