@@ -126,23 +126,20 @@ void ProfileStore::LoadProfile(std::int32_t& id, bool keepTab) {
   if (current_.id > 0) world_.status.Set(0, "Current Profile: " + current_.name);
 }
 
-// A value that another one must make room for first, as a leap year for the 29th of February, gets
-// a second try.
+// Twice, since the rules of a later control may change an earlier one: the 29th of February gives
+// way until its year is there.
 void ProfileStore::SetSettings(std::string_view block, bool keepTab) {
   const std::string today = GeneralDateText(StartOfDay(world_.clock.Now()));
-  std::vector<Control*> left;
   const auto set = [&](Control& control) {
     std::string value = ValueOf(block, control.Facts());
     if (value.empty() && control.Kind() == ControlKind::Date) value = today;
-    bool taken = true;
-    Attempt([&] { taken = control.SetStoredText(value); });
-    return taken;
+    if (control.StoredText() != value) Attempt([&] { control.SetStoredText(value); });
   };
-  for (Control* control : Settings()) {
-    if (keepTab && control == &world_.settings.TabIndex) continue;
-    if (!set(*control)) left.push_back(control);
+  for (int pass = 0; pass < 2; ++pass) {
+    for (Control* control : Settings()) {
+      if (!keepTab || control != &world_.settings.TabIndex) set(*control);
+    }
   }
-  for (Control* control : left) set(*control);
 }
 
 void ProfileStore::SetLists(std::string_view block) {
