@@ -272,20 +272,16 @@ void Form1::ApplyStyle(const std::string& path) {
 
 // The classic menu bar isn't shown; its items answer to their names alone.
 void Form1::SetupCommandBars() {
-  ShowSwitches();
-}
-
-void Form1::BuildRibbon() {
-  ribbon.CurrentProfile.SetCaption("Current Profile: None");
-}
-
-void Form1::ShowSwitches() {
   ribbon.Checked[commandAutoUpdate] = AutoUpdate;
   ribbon.Checked[commandStartupTips] = DisplayStartupTipsNew == 1;
   ribbon.Checked[commandDateCreated] = scan.DateColumnMode == 1;
   ribbon.Checked[commandDateModified] = scan.DateColumnMode != 1;
   ribbon.Checked[commandExifDate] = scan.ShowEXIFDateCreated == 1;
   ribbon.Checked[commandLoadSettings] = LoadSavedSettings;
+}
+
+void Form1::BuildRibbon() {
+  ribbon.CurrentProfile.SetCaption("Current Profile: None");
 }
 
 // What is selected in the ribbon stays selected where the profile is still there.
@@ -341,7 +337,7 @@ void Form1::OpenOptions() {
                   scan.DateColumnMode, operations});
   showOptions(dialog);
   operations.ShowDateCaption();
-  ShowSwitches();
+  SetupCommandBars();
   SaveSettings();
 }
 

@@ -159,6 +159,8 @@ class Form1 {
   void OpenBrowse();
   // Opens a path of the program's site.
   void OpenSite(std::string_view path);
+  // Puts the state of all switches into the ribbon.
+  void SetupCommandBars();
   // Shows one tip beside the main window; nothing without tips.
   void ShowStartupTips();
 
@@ -194,11 +196,9 @@ class Form1 {
   void LoadGenreLists();
   void GetConfiguration();
   void AskAutoUpdate();
-  void SetupCommandBars();
   void BuildRibbon();
   void Profile_List_Update();
   void LoadProfileAt(std::size_t index);
-  void ShowSwitches();
   std::vector<ConfigurationEntry> ConfigurationEntries();
   std::string ConfigurationPath() const;
 

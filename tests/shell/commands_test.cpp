@@ -1,0 +1,169 @@
+// Every command by its number, and every surface that carries one.
+#include "shell/commands.h"
+
+#include "tests/support/test_world.h"
+
+namespace tallowbrook {
+namespace {
+
+class CommandsTest : public testing::Test, protected TestWorld {
+ protected:
+  CommandsTest() {
+    home.Write("a.txt", "1");
+    form.unload = [this] { Note("unload"); };
+    form.showSaveProfile = [this](SaveProfileDialog&) { Note("save as"); };
+    form.showManageProfiles = [this](ManageProfiles&) { Note("manage"); };
+    form.showOptions = [this](Options&) { Note("options"); };
+    form.showAbout = [this](About&) { Note("about"); };
+    form.showHistory = [this](LogHistory&) { Note("log"); };
+    form.showTips = [this](StartupTips&) { Note("tips"); };
+    form.repaint = [this] { Note("repaint"); };
+    form.styleChanged = [this] { Note(form.CurrentStyle.substr(data.Path().size())); };
+  }
+  void Note(const std::string& what) { done += (done.empty() ? "" : ";") + what; }
+  // What a number does, in one line.
+  std::string Run(int number) {
+    done.clear(), desktop.opened.clear(), dialogs.asked.clear(), socket.calls.clear();
+    form.Dispatch(number);
+    for (const std::string& address : desktop.opened) Note(address);
+    for (const std::string& call : socket.calls) Note(call);
+    for (const MessageBox& box : dialogs.asked) Note(box.title + "|" + box.text);
+    return done;
+  }
+  Button& Item(const char* name) { return dynamic_cast<Button&>(*form.screen.Find(name)); }
+
+  std::string done;
+  FakeEvents events;
+  Form1 form{With(events)};
+};
+
+// clang-format off
+constexpr struct { int number; const char* does; } commandRows[] = {
+    {2006, ""}, {3000, "Styles/Office2007Blue.dll"}, {3001, "Styles/Office2007Black.dll"}, {3002, "Styles/Office2007Aqua.dll"},
+    {3003, "Styles/Office2007Silver.dll"}, {9604, ""}, {9607, ""}, {57665, "unload"},
+    {100000, ""}, {101000, ""}, {102000, ""}, {103000, ""}, {104000, ""}, {105000, ""},
+    {112002, "https://www.tallowbrook.invalid/products_tallowbrook.cfm"}, {112003, "connect update.tallowbrook.invalid 3877"}, {112004, "about"},
+    {112011, "https://www.tallowbrook.invalid/products_comments.cfm?prod=tallowbrook&type=bug"},
+    {112012, "https://www.tallowbrook.invalid/products_comments.cfm?prod=tallowbrook&type=feature"},
+    {113002, "log"}, {114002, "Profile Saved|Profile mine saved successfully"}, {114003, "save as"}, {114101, ""}, {114102, ""}, {114201, "manage"},
+    {150001, ""}, {150002, ""}, {150003, ""}, {150010, ""}, {150011, ""}, {150012, ""}, {150020, ""}, {150050, "options"},
+};
+// clang-format on
+
+TEST_F(CommandsTest, EveryNumberDoesItsPart) {
+  form.Load();
+  form.profiles.SaveProfile(1, "mine");
+  std::int32_t id = 1;
+  form.profiles.LoadProfile(id);
+  dialogs.answers = {Answer::Ok};
+  ASSERT_EQ(std::size(commandRows), Commands().size());
+  for (const auto& row : commandRows) {
+    if (row.number == 57665) continue;
+    ASSERT_NE(FindCommand(row.number), nullptr) << row.number;
+    EXPECT_EQ(Run(row.number), row.does) << row.number;
+  }
+  EXPECT_EQ(Run(57665), "unload");
+  for (const int number : {0, 1, 114001, 499999, 500000})
+    EXPECT_EQ(Run(number), "repaint") << number;
+  EXPECT_EQ(Run(500099), "");
+}
+
+// The numbers that no control carries.
+TEST_F(CommandsTest, SwitchesFollowWhatTheyStandForAndTurnIt) {
+  form.Load();
+  form.AutoUpdate = true;
+  form.showOptions = nullptr;
+  ASSERT_EQ(form.DisplayStartupTipsNew, 0);
+  form.SetupCommandBars();
+  Run(150001), Run(150002), Run(150011), Run(150020), Run(104000);
+  EXPECT_FALSE(form.AutoUpdate);
+  EXPECT_EQ(form.DisplayStartupTipsNew, 1);
+  EXPECT_EQ(form.scan.ShowEXIFDateCreated, 0);
+  EXPECT_FALSE(form.LoadSavedSettings);
+  EXPECT_TRUE(form.ribbon.Checked[104000]);
+  for (const int number : {150010, 150012}) {
+    Run(number);
+    EXPECT_EQ(form.scan.DateColumnMode, number == 150010);
+    EXPECT_TRUE(form.ribbon.Checked[number] && !form.ribbon.Checked[300022 - number]);
+  }
+  form.ribbon.SelectedTab = 3;
+  Run(2006);
+  EXPECT_EQ(form.RibbonTab, 3);
+  form.settings.Text_Seperator.Set("+");
+  Run(150003);
+  EXPECT_EQ(form.settings.Text_Seperator.Value(), "-");
+}
+
+TEST_F(CommandsTest, ProfilesLoadByTheirPlaceInTheList) {
+  form.Load();
+  for (const char* name : {"one", "two"}) {
+    form.settings.Text_Prefix.Set(name);
+    form.profiles.SaveProfile(form.profiles.AvailableProfileID(), name);
+  }
+  form.profiles.LoadProfileList();  // two is in front
+  EXPECT_EQ(form.ribbon.LoadProfile.Items(), (std::vector<std::string>{"", "two", "one"}));
+  Run(500002);
+  EXPECT_EQ(form.settings.Text_Prefix.Value(), "one");
+  EXPECT_EQ(form.ribbon.CurrentProfile.Caption(), "Current Profile: None");
+  EXPECT_TRUE(form.menus.Item("mnu_SaveProfile").Enabled());
+  for (const int none : {-1, 0}) {
+    form.ribbon.LoadProfile.Select(none);
+    Run(114102);
+    EXPECT_EQ(form.profiles.Current().name, "one");
+  }
+  form.ribbon.LoadProfile.Select(1);
+  Run(114102);
+  EXPECT_EQ(form.settings.Text_Prefix.Value(), "two");
+  EXPECT_EQ(form.ribbon.CurrentProfile.Caption(), "Current Profile: two");
+  const auto& array = form.menus.ProfileArray();
+  ASSERT_EQ(array.size(), 3U);
+  EXPECT_TRUE(!array[0]->Visible() && array[1]->Visible() && array[2]->Caption() == "one");
+  array[2]->Press();
+  EXPECT_EQ(form.settings.Text_Prefix.Value(), "one");
+  form.profiles.DeleteProfile(1);
+  form.profiles.LoadProfileList();
+  EXPECT_FALSE(array[2]->Visible());
+}
+
+// What the ribbon carries is dispatched, has a caption and, but for the lists, a tip; the classic
+// items and the twin buttons reach the same.
+TEST_F(CommandsTest, EverySurfaceCarriesCommands) {
+  std::vector<RibbonItem> items(Layout().systemMenu.begin(), Layout().systemMenu.end());
+  items.insert(items.end(), {Layout().systemBottom, Layout().right});
+  for (const RibbonTab& tab : Layout().tabs) {
+    for (const RibbonGroup& group : tab.groups) {
+      EXPECT_EQ(FindCommand(group.number), nullptr);
+      items.insert(items.end(), group.items.begin(), group.items.end());
+    }
+  }
+  EXPECT_EQ(items.size(), 18U);
+  for (const RibbonItem& item : items) {
+    if (item.kind == RibbonItemKind::Label) continue;
+    ASSERT_NE(FindCommand(item.number), nullptr) << item.caption;
+    EXPECT_NE(FindCommand(item.number)->tip, "") << item.caption;
+  }
+  EXPECT_EQ(IconStrip().size(), 24U);
+  data.Write("startuptips.txt", "~a tip");
+  form.Load();
+  for (const ClassicItem& item : ClassicMenus::Items()) {
+    if (item.number == 0 || item.number == commandExit) continue;
+    dialogs.answers = {Answer::Ok};
+    const std::string does = Run(item.number);
+    dialogs.answers = {Answer::Ok};
+    done.clear(), desktop.opened.clear(), socket.calls.clear(), dialogs.asked.clear();
+    Item(std::string(item.name).c_str()).SetEnabled(true);
+    Item(std::string(item.name).c_str()).Press();
+    for (const std::string& address : desktop.opened) Note(address);
+    for (const std::string& call : socket.calls) {
+      if (call != "close") Note(call);
+    }
+    for (const MessageBox& box : dialogs.asked) Note(box.title + "|" + box.text);
+    EXPECT_EQ(done, does) << item.name;
+  }
+  dialogs.answers.clear();
+  Item("mnu_StartupTips").Press();
+  EXPECT_TRUE(done.ends_with("tips"));
+}
+
+}  // namespace
+}  // namespace tallowbrook
