@@ -11,7 +11,7 @@ namespace tallowbrook {
 Application::Application(int& argc, char** argv) : QApplication(argc, argv) {
   setApplicationName(QStringLiteral("tallowbrook"));
   setApplicationDisplayName(QStringLiteral("Tallowbrook"));
-  ApplyLook(*this);
+  ApplyLook();
 }
 
 bool Application::notify(QObject* receiver, QEvent* event) {

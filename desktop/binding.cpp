@@ -16,6 +16,7 @@
 #include <limits>
 
 #include "base/guards.h"
+#include "desktop/look.h"
 #include "desktop/spin_arrows.h"
 #include "desktop/text.h"
 
@@ -58,12 +59,7 @@ void ShowText(QLineEdit& edit, const std::string& bytes) {
 void ShowReadOnly(QLineEdit& edit, bool readOnly) {
   if (edit.isReadOnly() == readOnly) return;
   edit.setReadOnly(readOnly);
-  QPalette palette;
-  if (readOnly) {
-    palette.setColor(QPalette::Base, palette.color(QPalette::Disabled, QPalette::Base));
-    palette.setColor(QPalette::Text, palette.color(QPalette::PlaceholderText));
-  }
-  edit.setPalette(palette);
+  ShowLine(edit, readOnly ? LineLook::Muted : LineLook::Usual);
 }
 
 // A menu over the widget only borrows the keyboard.
@@ -92,7 +88,7 @@ void Binding::ShowLook() {
   if (!control_.Tip().empty()) widget_.setToolTip(PlainToolTip(ToText(control_.Tip())));
   if (highlighted_ != control_.Highlighted()) {
     highlighted_ = control_.Highlighted();
-    widget_.setStyleSheet(highlighted_ ? QStringLiteral("background: yellow") : QString());
+    ShowAlert(widget_, highlighted_);
   }
   // Only a change is passed on: a widget that has no window yet must not become one.
   if (shown_ != control_.Visible()) {

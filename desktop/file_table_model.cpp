@@ -1,30 +1,37 @@
 #include "desktop/file_table_model.h"
 
 #include <QColor>
-#include <algorithm>
 
 #include "base/text.h"
+#include "desktop/look.h"
 #include "desktop/text.h"
+#include "desktop/theme.h"
 
 namespace tallowbrook {
 
 namespace {
 
 struct Shade {
-  RowColour colour;
   QColor text;
-  QColor badge;  // behind a text that white paper would swallow
+  QColor badge;
 };
 
-const Shade& ShadeOf(RowColour colour) {
-  static const Shade shades[] = {
-      {RowColour::Plain, {0, 0, 0}, {}},
-      {RowColour::Done, {0, 0, 255}, {}},
-      {RowColour::Failed, {255, 0, 0}, {}},
-      {RowColour::Skipped, {224, 224, 224}, {112, 122, 138}},
-      {RowColour::Refused, {128, 128, 128}, {}},
-  };
-  return *std::ranges::find(shades, colour, &Shade::colour);
+// A row that was left alone has its light grey, which white paper would swallow, on a badge: it
+// can be read as well as any other.
+Shade ShadeOf(RowColour colour) {
+  switch (colour) {
+    case RowColour::Done:
+      return {successInk, {}};
+    case RowColour::Failed:
+      return {errorInk, {}};
+    case RowColour::Skipped:
+      return {CurrentTheme().badgeText, CurrentTheme().badge};
+    case RowColour::Refused:
+      return {shadowInk, {}};
+    case RowColour::Plain:
+      break;
+  }
+  return {};
 }
 
 }  // namespace
@@ -80,7 +87,7 @@ QVariant FileTableModel::ToolTipOf(std::size_t number, Column column) const {
 
 QVariant FileTableModel::ColourOf(std::size_t number, Column column, int role) const {
   if (column != Column::NewFileName) return {};
-  const Shade& shade = ShadeOf(list_.Row(number).colour);
+  const Shade shade = ShadeOf(list_.Row(number).colour);
   const QColor& colour = role == Qt::ForegroundRole ? shade.text : shade.badge;
   return colour.isValid() ? QVariant(colour) : QVariant();
 }

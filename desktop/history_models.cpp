@@ -3,6 +3,7 @@
 #include <QColor>
 
 #include "desktop/text.h"
+#include "desktop/theme.h"
 
 namespace tallowbrook {
 
@@ -13,11 +14,11 @@ constexpr int firstNumber = 2;  // the columns of a batch from here on hold numb
 QVariant ShadeOf(ResultColour colour) {
   switch (colour) {
     case ResultColour::Error:
-      return QColor(255, 0, 0);
+      return errorInk;
     case ResultColour::Success:
-      return QColor(0, 0, 255);
+      return successInk;
     case ResultColour::Undone:
-      return QColor(128, 128, 128);
+      return shadowInk;
     case ResultColour::Plain:
       break;
   }

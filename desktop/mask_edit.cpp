@@ -8,8 +8,9 @@
 #include <QSyntaxHighlighter>
 #include <algorithm>
 
-#include "desktop/look.h"
+#include "desktop/contrast.h"
 #include "desktop/text.h"
+#include "desktop/theme.h"
 
 namespace tallowbrook {
 
@@ -52,7 +53,7 @@ class KeywordColours : public QSyntaxHighlighter {
 
  protected:
   void highlightBlock(const QString&) override {
-    const QColor colour = KeywordColour(edit_.palette().color(QPalette::Base));
+    const QColor colour = LegibleShade(keywordInk, {edit_.palette().color(QPalette::Base)});
     for (const auto& [start, length] : keywords) setFormat(start, length, colour);
   }
 

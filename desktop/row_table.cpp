@@ -5,16 +5,30 @@
 #include <algorithm>
 #include <utility>
 
+#include "desktop/contrast.h"
+
 namespace tallowbrook {
+
+namespace {
+
+// One shade for all rows, and one for highlights.
+void ShowOutcome(const QColor& colour, QPalette& palette) {
+  const QColor rows = palette.color(QPalette::Base),
+               others = palette.color(QPalette::AlternateBase);
+  palette.setColor(QPalette::Text, LegibleShade(colour, {rows, others}));
+  palette.setColor(QPalette::HighlightedText,
+                   LegibleShade(colour, {palette.color(QPalette::Highlight)}));
+}
+
+}  // namespace
 
 void RowDelegate::initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const {
   QStyledItemDelegate::initStyleOption(option, index);
   option->backgroundBrush = {};
-  // A shade darker, so that it stands on the highlight as it does on white. A badge isn't painted
-  // there, nor is the colour that was made for it.
+  // A badge isn't painted on a highlight, nor is the colour that was made for it.
   const QVariant text = index.data(Qt::ForegroundRole);
   if (text.isValid() && !index.data(Qt::BackgroundRole).isValid()) {
-    option->palette.setColor(QPalette::HighlightedText, text.value<QColor>().darker(125));
+    ShowOutcome(text.value<QColor>(), option->palette);
   }
   option->state &= ~QStyle::State_HasFocus;
 }
@@ -45,13 +59,6 @@ RowTable::RowTable(QWidget* parent) : QTableView(parent) {
 }
 
 void RowTable::SetUpLook() {
-  // Near enough to the ground for the colours of the outcomes to stand on it.
-  QPalette colours = palette();
-  const bool isDark = colours.color(QPalette::Base).lightness() < 128;
-  colours.setColor(QPalette::Highlight,
-                   isDark ? QColor(0x28, 0x42, 0x5e) : QColor(0xd3, 0xe4, 0xf7));
-  colours.setColor(QPalette::HighlightedText, colours.color(QPalette::Text));
-  setPalette(colours);
   setShowGrid(false);
   setAlternatingRowColors(true);
   setWordWrap(false);

@@ -10,7 +10,7 @@
 
 namespace tallowbrook {
 
-// Paints cells so that a highlighted row keeps the colours of its texts. Check marks have none.
+// Paints texts in legible shades of their colours, in highlighted rows too. Check marks have none.
 class RowDelegate : public QStyledItemDelegate {
  public:
   using QStyledItemDelegate::QStyledItemDelegate;

@@ -5,6 +5,9 @@
 #include <QPainter>
 #include <QVBoxLayout>
 
+#include "desktop/look.h"
+#include "desktop/theme.h"
+
 namespace tallowbrook {
 
 namespace {
@@ -32,7 +35,8 @@ class Arrow : public QAbstractButton {
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
     if (isEnabled() && (isDown() || underMouse())) {
-      painter.fillRect(rect(), isDown() ? QColor(0xc7, 0xdb, 0xf0) : QColor(0xe1, 0xec, 0xf8));
+      painter.fillRect(rect(),
+                       isDown() ? CurrentTheme().buttonPressed : CurrentTheme().buttonHover);
     }
     constexpr double halfWidth = 3.5;
     const double tall = up_ ? -halfWidth : halfWidth;

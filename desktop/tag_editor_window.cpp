@@ -25,9 +25,7 @@ constexpr int charactersShown = 14;
 
 // A line that is only read looks like none to type in, but can be read as well as any.
 void ShowAsFixed(QLineEdit& line) {
-  QPalette colours;
-  colours.setColor(QPalette::Base, colours.color(QPalette::Disabled, QPalette::Base));
-  line.setPalette(colours);
+  ShowLine(line, LineLook::Fixed);
   line.setFocusPolicy(Qt::ClickFocus);
 }
 

@@ -81,12 +81,12 @@ TEST_F(FileTableTest, NamesAreShownAsPlainVisibleTextInTheColourOfTheirOutcome) 
   EXPECT_EQ(Cell(0, Column::FileName), QStringLiteral("<b>\u21B5\uFFFD"));
   EXPECT_EQ(Cell(0, Column::FileName, Qt::ToolTipRole),
             QStringLiteral("<p style='white-space:pre-wrap'>&lt;b&gt;\u21B5\uFFFD</p>"));
-  for (const auto& [colour, expected] : {std::pair{RowColour::Plain, QColor(0, 0, 0)},
+  for (const auto& [colour, expected] : {std::pair{RowColour::Plain, QColor()},
                                          {RowColour::Done, {0, 0, 255}},
                                          {RowColour::Failed, {255, 0, 0}},
                                          {RowColour::Skipped, {224, 224, 224}}}) {
     list.Row(1).colour = colour;
-    EXPECT_EQ(Cell(0, Column::NewFileName, Qt::ForegroundRole), expected);
+    EXPECT_EQ(Cell(0, Column::NewFileName, Qt::ForegroundRole).value<QColor>(), expected);
   }
 }
 

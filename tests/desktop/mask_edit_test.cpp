@@ -1,7 +1,9 @@
 // The editor of a mask and the picker beside it, by keys, mouse and clipboard.
 #include "desktop/mask_edit.h"
 
+#include "desktop/contrast.h"
 #include "desktop/look.h"
+#include "desktop/theme.h"
 #include "tests/desktop/window_fixture.h"
 
 namespace tallowbrook {
@@ -19,7 +21,8 @@ class MaskEditTest : public WindowTest {
     QString text = shown.Text();
     const QTextLayout& layout = *shown.document()->firstBlock().layout();
     for (const QTextLayout::FormatRange& range : layout.formats()) {
-      EXPECT_EQ(range.format.foreground().color(), QColor(0, 0, 255));
+      EXPECT_EQ(range.format.foreground().color(),
+                LegibleShade(keywordInk, {CurrentTheme().field}));
       text.replace(range.start, range.length, QString(range.length, QLatin1Char('#')));
     }
     return text.toStdString();
@@ -135,13 +138,6 @@ TEST_F(MaskEditTest, ALongMaskFollowsTheCaretInAFieldAsHighAsTheOthers) {
   EXPECT_EQ(edit.verticalScrollBar()->maximum(), 0);
   Press(Qt::Key_Home);
   EXPECT_TRUE(edit.viewport()->rect().contains(edit.cursorRect().center()));
-}
-
-TEST_F(MaskEditTest, KeywordsAreLegibleOnAnyGround) {
-  for (int grey = 0; grey < 256; ++grey) {
-    const QColor colour = KeywordColour(QColor(grey, grey, grey));
-    EXPECT_GE(std::abs(qGray(colour.rgb()) - grey), 64) << grey;
-  }
 }
 
 TEST_F(MaskEditTest, ThePickerInsertsWhereTheUserIsAndStaysOpen) {
