@@ -1,0 +1,37 @@
+// The images of commands, by the numbers that the commands have.
+//
+// Two files beside the executable, "NAME.png" and "NAME@2x.png", hold one row of square cells each,
+// for displays of one and of two pixels a point. The build draws them from resources/icons/.
+#pragma once
+
+#include <QIcon>
+#include <QImage>
+#include <span>
+
+namespace tallowbrook {
+
+// In points.
+inline constexpr int iconEdge = 32;
+// Whose image each cell of the strip is, from left to right.
+inline constexpr int stripNumbers[] = {
+    4008,   4009,   4010,   57604,  4011,   57606,  57609,  1230,   1235,   1233,   1231,   1234,
+    113002, 114201, 112011, 112012, 112002, 112003, 112004, 150003, 111003, 111004, 120000, 150050};
+inline constexpr int systemIconNumber = 1200;  // has files of its own
+
+class IconStrip {
+ public:
+  // `path` without ".png". Cells that a file lacks, or all where it is missing, are no images.
+  IconStrip(const QString& path, std::span<const int> numbers);
+
+  // Null for a number without a cell.
+  QIcon Icon(int number) const;
+
+ private:
+  std::span<const int> numbers_;
+  QImage images_[2];  // by the pixels a point, from 1
+};
+
+// The image of a command; null for one that has none, or where the program's images are missing.
+QIcon CommandIcon(int number);
+
+}  // namespace tallowbrook
