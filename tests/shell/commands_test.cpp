@@ -136,7 +136,7 @@ TEST_F(CommandsTest, EverySurfaceCarriesCommands) {
       items.insert(items.end(), group.items.begin(), group.items.end());
     }
   }
-  EXPECT_EQ(items.size(), 18U);
+  EXPECT_EQ(items.size(), 20U);
   for (const RibbonItem& item : items) {
     if (item.kind == RibbonItemKind::Label) continue;
     ASSERT_NE(FindCommand(item.number), nullptr) << item.caption;
