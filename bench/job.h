@@ -12,6 +12,8 @@ struct Job {
   // the work's seconds come back.
   std::function<double()> program;
   std::function<double()> limit;
+  // Prints further lines behind the job's own.
+  std::function<void()> footnote = {};
 };
 
 // Registers the job; main runs those that the command line names, or all.

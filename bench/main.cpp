@@ -44,6 +44,7 @@ void Print(const Measured& job) {
   const double program = Median(job.program);
   std::printf("%s %.1f ms %.2f\n", job.job.name.c_str(), program * millisecondsPerSecond,
               program / Median(job.limit));
+  if (job.job.footnote) job.job.footnote();
   std::fflush(stdout);
 }
 

@@ -13,11 +13,10 @@ struct Target {
   Seeds (*seeds)();
 };
 
-constexpr Target targets[] = {{"exif", ExifSeeds},
-                              {"log", LogSeeds},
-                              {"id3v1", Id3v1Seeds},
-                              {"id3v2_read", Id3v2Seeds},
-                              {"id3v2_write", Id3v2Seeds}};
+constexpr Target targets[] = {{"exif", ExifSeeds},        {"log", LogSeeds},
+                              {"profiles", ProfileSeeds}, {"configuration", ConfigurationSeeds},
+                              {"tips", TipSeeds},         {"id3v1", Id3v1Seeds},
+                              {"id3v2_read", Id3v2Seeds}, {"id3v2_write", Id3v2Seeds}};
 
 void Save(const std::filesystem::path& folder, const Seeds& seeds) {
   std::filesystem::create_directories(folder);

@@ -13,6 +13,9 @@ void AddDisturbed(Seeds& seeds);
 
 Seeds ExifSeeds();
 Seeds LogSeeds();
+Seeds ProfileSeeds();
+Seeds ConfigurationSeeds();
+Seeds TipSeeds();
 Seeds Id3v1Seeds();
 Seeds Id3v2Seeds();
 
