@@ -8,62 +8,57 @@
 
 #include "base/date.h"
 #include "desktop/application.h"
-#include "desktop/events.h"
-#include "desktop/main_window.h"
-#include "desktop/opener.h"
-#include "desktop/tcp_socket.h"
+#include "desktop/program.h"
 #include "desktop/text.h"
-#include "desktop/thumbnail_pictures.h"
-#include "platform/clock.h"
-#include "platform/files.h"
-#include "platform/random.h"
-#include "shell/form1.h"
+#include "tour/printed_dialogs.h"
 #include "tour/sample_files.h"
+#include "tour/shell_chapter.h"
 #include "tour/steps.h"
 
 namespace {
 
 using namespace tallowbrook;
 
-// Nobody is there to answer: a box is printed, and the tour's own question before an undo gets Yes,
-// any other No.
-class PrintedDialogs : public Dialogs {
- public:
-  Answer Ask(const MessageBox& box) override {
-    std::cout << "  [" << box.title << "] " << Printable(box.text) << "\n";
-    if (box.buttons == Buttons::Ok) return Answer::Ok;
-    return box.title == "Confirm Undo" ? Answer::Yes : Answer::No;
-  }
-};
+Program::Place PlaceOf(const SampleFiles& samples, Dialogs& dialogs) {
+  return {{ToBytes(QApplication::applicationDirPath()) + "/", samples.Data()},
+          samples.Home(),
+          EnglishDateNames(),
+          &dialogs};
+}
+
+void FirstStart(const SampleFiles& samples, Album& album) {
+  UpdateServer server;
+  PrintedDialogs dialogs;
+  Program::Place place = PlaceOf(samples, dialogs);
+  place.deployment.updateHost = "127.0.0.1";
+  place.deployment.updatePort = server.Port();
+  Program program(place);
+  program.Start();
+  Steps steps(program.form, program.window, samples, album);
+  steps.Begin();
+  steps.CloseTips();
+  NamesChapter(steps);
+  MediaChapter(steps);
+  ShellChapter(steps, server, dialogs);
+  LeaveProgram(steps);
+}
+
+void SecondStart(const SampleFiles& samples, Album& album) {
+  PrintedDialogs dialogs;
+  Program program(PlaceOf(samples, dialogs));
+  program.Start();
+  Steps steps(program.form, program.window, samples, album);
+  steps.Begin();
+  FindLastState(steps, dialogs);
+}
 
 void Run(const QString& pictures) {
   const SampleFiles samples;
-  SystemFiles files;
-  SystemClock clock;
-  SystemRandom random;
-  PrintedDialogs dialogs;
-  WindowEvents events;
-  WindowDesktop desktop;
-  ThumbnailPictures thumbnails;
-  TcpSocket socket;
-  Form1 form({files,
-              clock,
-              random,
-              dialogs,
-              events,
-              desktop,
-              thumbnails,
-              socket,
-              EnglishDateNames(),
-              {ToBytes(QApplication::applicationDirPath()) + "/", samples.Data()},
-              samples.Home()});
-  MainWindow window(form, files, samples.Home());
-  form.Load();
-  window.show();
-  Steps steps(form, window, samples, pictures);
-  steps.Begin();
-  NamesChapter(steps);
-  MediaChapter(steps);
+  Album album(pictures);
+  // Where thumbnails are kept.
+  qputenv("XDG_CACHE_HOME", QByteArray::fromStdString(samples.Data() + "cache"));
+  FirstStart(samples, album);
+  SecondStart(samples, album);
 }
 
 }  // namespace

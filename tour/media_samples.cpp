@@ -1,7 +1,11 @@
 #include "tour/media_samples.h"
 
+#include <QDir>
 #include <QImage>
+#include <QPainter>
+#include <QPainterPath>
 #include <QProcess>
+#include <cmath>
 #include <fstream>
 #include <iterator>
 #include <stdexcept>
@@ -72,6 +76,54 @@ void MakePictures(const std::string& folder) {
          QStringLiteral("-Mset Exif.Photo.PixelXDimension 160"),
          QStringLiteral("-Mset Exif.Photo.PixelYDimension 120"), path});
   }
+}
+
+namespace {
+
+// Sky, sun, and hills one behind the other.
+QImage Landscape(QSize size, int hue) {
+  QImage image(size, QImage::Format_RGB32);
+  QPainter painter(&image);
+  painter.setRenderHint(QPainter::Antialiasing);
+  QLinearGradient sky(0, 0, 0, size.height());
+  sky.setColorAt(0, QColor::fromHsv(hue, 150, 230));
+  sky.setColorAt(1, QColor::fromHsv((hue + 60) % 360, 60, 250));
+  painter.fillRect(image.rect(), sky);
+  painter.setPen(Qt::NoPen);
+  painter.setBrush(QColor(255, 244, 200));
+  const int sun = size.height() / 6;
+  painter.drawEllipse(size.width() * (hue % 70 + 15) / 100, size.height() / 6, sun, sun);
+  for (int hill = 0; hill < 4; ++hill) {
+    QPainterPath ground(QPointF(0, size.height()));
+    for (int x = 0; x <= size.width(); x += 10) {
+      const double at = double(x) / size.width() * (4 + hill) + hue + hill * 2;
+      const double height = size.height() * (0.45 - 0.1 * hill) + std::sin(at) * size.height() / 14;
+      ground.lineTo(x, size.height() - height);
+    }
+    ground.lineTo(size.width(), size.height());
+    painter.setBrush(
+        QColor::fromHsv((hue + 100 + 8 * hill) % 360, 90 + 25 * hill, 190 - 38 * hill));
+    painter.drawPath(ground);
+  }
+  return image;
+}
+
+}  // namespace
+
+std::size_t MakeGallery(const std::string& folder) {
+  constexpr int count = 24;
+  const QSize sizes[] = {{1600, 1200}, {1500, 1000}, {900, 1200}};
+  const char* const kinds[] = {"jpg", "jpg", "png", "bmp"};
+  QDir().mkpath(ToText(folder));
+  for (int i = 0; i < count; ++i) {
+    const std::string name = Numbered("IMG_", 2001 + static_cast<std::size_t>(i), ".");
+    const QString path = ToText(folder + name + kinds[i % 4]);
+    if (!Landscape(sizes[i % 3], i * 37 % 360).save(path)) {
+      throw std::runtime_error("can't save " + ToBytes(path));
+    }
+  }
+  std::ofstream(folder + "notes.txt") << "no picture";
+  return count;
 }
 
 std::string TagsByTool(const std::string& path) {

@@ -11,6 +11,9 @@ namespace tallowbrook {
 void MakeSongs(const std::string& folder);
 // Three JPEG files "DSC_0001.JPG" and so on, with dates and sizes.
 void MakePictures(const std::string& folder);
+// A folder of drawn pictures, upright and wide, of several kinds, and one file that is none.
+// Returns how many pictures there are.
+std::size_t MakeGallery(const std::string& folder);
 // What the public tool reads in the tags of a file.
 std::string TagsByTool(const std::string& path);
 

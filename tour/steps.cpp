@@ -2,9 +2,12 @@
 
 #include <QApplication>
 #include <QLineEdit>
+#include <QMenu>
 #include <QPainter>
+#include <QTabBar>
 #include <QTest>
 #include <QTimer>
+#include <QToolButton>
 #include <QTreeView>
 #include <algorithm>
 #include <exception>
@@ -18,18 +21,34 @@
 
 namespace tallowbrook {
 
-Steps::Steps(Form1& shownForm, MainWindow& shownWindow, const SampleFiles& files, QString pictures)
-    : form(shownForm),
-      window(shownWindow),
-      samples(files),
-      hands(shownWindow),
-      pictures_(std::move(pictures)) {}
+void Album::Add(const QPixmap& picture, const char* name) {
+  const QString path =
+      folder_ +
+      QStringLiteral("/%1-%2.png").arg(++count_, 2, 10, QLatin1Char('0')).arg(QLatin1String(name));
+  if (!picture.save(path)) throw std::runtime_error("can't save " + ToBytes(path));
+}
+
+Steps::Steps(Form1& shownForm, MainWindow& shownWindow, const SampleFiles& files, Album& album)
+    : form(shownForm), window(shownWindow), samples(files), hands(shownWindow), album_(album) {}
 
 void Steps::Begin() {
   if (!QTest::qWaitForWindowExposed(&window)) throw std::runtime_error("the window doesn't show");
   window.activateWindow();
   Settle();
   Picture("start");
+}
+
+void Steps::CloseTips() {
+  for (QWidget* over : QApplication::topLevelWidgets()) {
+    if (over->objectName() != QLatin1String("frmTips") || !over->isVisible()) continue;
+    Hands tips(*over);
+    tips.Click("Cmd_Next");
+    tips.Click("Check1");
+    tips.Click("Cmd_Close");
+    window.activateWindow();
+    return Settle();
+  }
+  throw std::runtime_error("a first start shows no tips");
 }
 
 void Steps::TurnToPage(int number) {
@@ -134,6 +153,38 @@ void Steps::ShowMenu() {
   Settle();
 }
 
+void Steps::ClickMenu(const char* name, const char* entry) {
+  auto* button = qobject_cast<QToolButton*>(hands.Find(name));
+  QMenu* menu = button ? button->menu() : nullptr;
+  if (!menu) throw std::runtime_error(std::string("no menu: ") + name);
+  bool picked = false;
+  QTimer::singleShot(300, &window, [&] {
+    Picture("menu");
+    for (QAction* action : menu->actions()) {
+      if (action->text() != QLatin1String(entry)) continue;
+      QTest::mouseClick(menu, Qt::LeftButton, {}, menu->actionGeometry(action).center());
+      picked = true;
+    }
+    menu->close();
+  });
+  hands.Click(name);
+  if (!QTest::qWaitFor([&] { return picked; })) {
+    throw std::runtime_error(std::string("no such entry: ") + entry);
+  }
+  window.activateWindow();
+  Settle();
+}
+
+void Steps::ClickRibbonTab(const char* caption) {
+  auto* tabs = qobject_cast<QTabBar*>(hands.Find("RibbonTabs"));
+  for (int tab = 0; tabs && tab < tabs->count(); ++tab) {
+    if (!tabs->tabText(tab).contains(QLatin1String(caption))) continue;
+    QTest::mouseClick(tabs, Qt::LeftButton, {}, tabs->tabRect(tab).center());
+    return Settle();
+  }
+  throw std::runtime_error(std::string("no such tab: ") + caption);
+}
+
 // The window that opens keeps the click that opened it waiting until it closes.
 void Steps::InDialog(const char* button, const std::function<void(const Hands&)>& visit) {
   std::exception_ptr failure;
@@ -167,9 +218,6 @@ void Steps::InTagEditor(int row, const std::function<void(const Hands&)>& visit)
 
 // The main window, with what stands over it.
 void Steps::Picture(const char* what) {
-  const QString path = pictures_ + QStringLiteral("/%1-%2.png")
-                                       .arg(++pictureCount_, 2, 10, QLatin1Char('0'))
-                                       .arg(QLatin1String(what));
   QPixmap picture = window.grab();
   QPainter painter(&picture);
   for (QWidget* over : QApplication::topLevelWidgets()) {
@@ -180,7 +228,7 @@ void Steps::Picture(const char* what) {
     painter.drawRect(QRect(place, over->size()));
   }
   painter.end();
-  if (!picture.save(path)) throw std::runtime_error("can't save " + ToBytes(path));
+  album_.Add(picture, what);
 }
 
 }  // namespace tallowbrook

@@ -2,6 +2,7 @@
 // a picture of each step and a look at the disk after each run.
 #pragma once
 
+#include <QPixmap>
 #include <QString>
 #include <functional>
 #include <map>
@@ -15,13 +16,27 @@
 
 namespace tallowbrook {
 
+// The pictures of a tour, numbered in a folder that exists.
+class Album {
+ public:
+  explicit Album(QString folder) : folder_(std::move(folder)) {}
+  // Throws std::runtime_error if the picture can't be saved.
+  void Add(const QPixmap& picture, const char* name);
+
+ private:
+  QString folder_;
+  int count_ = 0;
+};
+
 class Steps {
  public:
-  // Pictures are saved in the folder `pictures`, which exists. Each step throws std::runtime_error
+  // Each step throws std::runtime_error
   // with what is wrong if it finds no control to act on, or if the disk isn't as it should be.
-  Steps(Form1& form, MainWindow& window, const SampleFiles& samples, QString pictures);
+  Steps(Form1& form, MainWindow& window, const SampleFiles& samples, Album& album);
 
   void Begin();
+  // Closes the tips that a start shows, so that later ones don't.
+  void CloseTips();
   void TurnToPage(int number);
   // Types the path of a folder and lists it.
   void TypeAddress(const std::string& folder);
@@ -37,6 +52,11 @@ class Steps {
   // Opens the tag editor of a row, from 0, and lets `visit` act in it.
   void InTagEditor(int row, const std::function<void(const Hands&)>& visit);
   void ShowMenu();
+  // Opens the menu of a button of the ribbon and picks the entry of that text.
+  void ClickMenu(const char* button, const char* entry);
+  void ClickRibbonTab(const char* caption);
+  // Presses a button that opens a window, and lets `visit` act in it.
+  void InDialog(const char* button, const std::function<void(const Hands&)>& visit);
 
   void Picture(const char* what);
 
@@ -51,10 +71,8 @@ class Steps {
   std::map<std::string, std::string> PreviewedNames() const;
   void CheckDisk(const std::map<std::string, std::string>& names) const;
   void PrintNewRecords();
-  void InDialog(const char* button, const std::function<void(const Hands&)>& visit);
 
-  QString pictures_;
-  int pictureCount_ = 0;
+  Album& album_;
   std::size_t batchCount_ = 0;
 };
 
