@@ -27,6 +27,7 @@ struct FileEntry {
   Date shownDate;
   Date sortDate;
   FolderId folder = 0;
+  std::uint32_t image = 0;  // of the list's ilsThumbs; 0 for none
   RowColour colour = RowColour::Plain;
   bool Checked = false;
   bool Selected = false;

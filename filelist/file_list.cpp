@@ -99,8 +99,21 @@ void FileList::Clear() {
   selectedItem_ = 0;
   dropHighlight_ = 0;
   folders_.Clear();
+  clearedImages_ += static_cast<std::uint32_t>(ilsThumbs_.size());
+  ilsThumbs_.clear();
+  ilsThumbs_.shrink_to_fit();
   patterned_ = 0;
   Tell(ListChange::Kind::Reset);
+}
+
+std::uint32_t FileList::AddImage(PackedBitmap image) {
+  ilsThumbs_.push_back(std::move(image));
+  return clearedImages_ + static_cast<std::uint32_t>(ilsThumbs_.size());
+}
+
+const PackedBitmap* FileList::Image(std::size_t number) const {
+  const std::uint32_t image = Row(number).image;
+  return image ? &ilsThumbs_[image - clearedImages_ - 1] : nullptr;
 }
 
 void FileList::SetChecked(std::size_t number, bool checked) {
@@ -229,6 +242,12 @@ void FileList::SetCaption(Column column, std::string_view caption) {
 void FileList::SetVisible(bool visible) {
   if (visible_ == visible) return;
   visible_ = visible;
+  Tell(ListChange::Kind::State);
+}
+
+void FileList::SetIconView(bool iconView) {
+  if (iconView_ == iconView) return;
+  iconView_ = iconView;
   Tell(ListChange::Kind::State);
 }
 

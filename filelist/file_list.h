@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "filelist/file_entry.h"
+#include "platform/thumbnail_source.h"
 
 namespace tallowbrook {
 
@@ -40,7 +41,7 @@ struct ListChange {
     Reset,     // all rows are others
     Appended,  // rows were added at the end
     Rows,      // the texts, marks or colours of rows first to last
-    State,     // a caption, the visibility
+    State,     // a caption, the visibility, the kind of view
   };
   Kind kind;
   std::size_t first = 0;
@@ -63,7 +64,13 @@ class FileList {
 
   // Appends; returns the new row's number.
   std::size_t Add(FileEntry entry);
+  // All rows go, and with them the images.
   void Clear();
+
+  // The images of the present fill. A number is given once: no later image of this list gets it.
+  std::uint32_t AddImage(PackedBitmap image);
+  // The image of a row; null for a row without one.
+  const PackedBitmap* Image(std::size_t number) const;
 
   // Check marks. SetChecked is for the user's own clicks and commands on single rows.
   void SetChecked(std::size_t number, bool checked);
@@ -101,6 +108,9 @@ class FileList {
   void SetCaption(Column column, std::string_view caption);
   bool Visible() const { return visible_; }
   void SetVisible(bool visible);
+  // Whether the rows show as pictures over their own texts instead of as a table.
+  bool IconView() const { return iconView_; }
+  void SetIconView(bool iconView);
 
   std::function<void(const ListChange&)> changed;
   void TellRows(std::size_t first, std::size_t last) const;
@@ -111,8 +121,11 @@ class FileList {
 
   std::vector<FileEntry> rows_;
   FolderTable folders_;
+  std::vector<PackedBitmap> ilsThumbs_;
+  std::uint32_t clearedImages_ = 0;  // the number before that of the first one
   std::array<std::string, columnCount> captions_;
   bool visible_ = true;
+  bool iconView_ = false;
 
   // The pattern that rows 1 to patterned_ stand as.
   std::int64_t patternStart_ = -1;

@@ -100,6 +100,11 @@ void FolderScan::ListFolderEntries(const std::string& path) {
 
 // `listing` is null if the folder couldn't be opened.
 void FolderScan::ListOpened(const std::string& folder, const FolderListing* listing) {
+  if (ThumbnailMode) list_.SetVisible(false);
+  // A listing that is stopped or can't begin must not leave the list out of sight either.
+  const Finally end([this] {
+    if (ThumbnailMode) list_.SetVisible(true);
+  });
   if (pane_.Option1_Files.On()) {
     // No name holds a "/": such a pattern can't be looked for.
     if (!listing || pane_.Combo_Filter.Value().find('/') != std::string::npos) {
@@ -165,6 +170,11 @@ void FolderScan::AddListRow(std::string name, std::string directory) {
 void FolderScan::AddFileRow(std::string_view name, const std::string& directory,
                             const std::optional<FileFacts>& facts) {
   ++FilesFound;
+  // The events come first: what they do to the list or to the mode holds for this file.
+  if (ThumbnailMode) world_.events.Yield();
+  const bool asPicture = ThumbnailMode;
+  std::optional<PackedBitmap> picture;
+  if (asPicture && !(picture = FindThumbnail(std::string(name), directory))) return;
   FileEntry entry;
   entry.name = name;
   entry.folder = list_.Folders().Intern(directory);
@@ -175,9 +185,21 @@ void FolderScan::AddFileRow(std::string_view name, const std::string& directory,
     entry.shownDate = exif ? *exif : ListDate(*facts);
     entry.sortDate = entry.shownDate;
   }
+  if (picture) {
+    entry.rowText = name;
+    entry.image = list_.AddImage(std::move(*picture));
+    ++ThumbnailsFound;
+  }
   list_.Add(std::move(entry));
-  if (list_.Count() % rowsBetweenYields == 0) world_.events.Yield();
+  if (!asPicture && list_.Count() % rowsBetweenYields == 0) world_.events.Yield();
   ShowCount();
+}
+
+std::optional<PackedBitmap> FolderScan::FindThumbnail(const std::string& name,
+                                                      const std::string& directory) {
+  world_.status.Set(0, "Scanning for thumbnail: " + name);
+  world_.thumbnails.Filename = directory + name;
+  return world_.thumbnails.GetThumbnail();
 }
 
 void FolderScan::AddFolderRow(std::string_view name, std::string_view directory) {
@@ -361,11 +383,6 @@ void FolderScan::CompleteFolder() {
   pane_.Combo1.SetItems(std::move(proposals));
 }
 
-void FolderScan::SetThumbnailMode(bool on) {
-  ThumbnailMode = on;
-  pane_.Check_Thumbnails.Set(on ? 1 : 0);
-}
-
 void FolderScan::ShowFiles() {
   if (list_.Caption(Column::FileName) == fileNameCaption) return;
   if (viewChanged) viewChanged(false);
@@ -379,11 +396,44 @@ void FolderScan::ShowFolders() {
   list_.SetCaption(Column::FileName, folderNameCaption);
   list_.SetCaption(Column::NewFileName, "New Folder Name");
   if (viewChanged) viewChanged(true);
-  if (pane_.Check_Thumbnails.On()) {
-    pane_.Check_Thumbnails.Set(0);
-    ThumbnailMode = false;
-  }
+  if (pane_.Check_Thumbnails.On()) SetThumbnailMode(false);
   ScanFolder(pane_.Txt_Address.Value());
+}
+
+void FolderScan::ThumbnailsClicked() {
+  if (pane_.Option1_Folders.On()) {
+    Say("Thumbnail view is not supported while working with Folders");
+    pane_.Check_Thumbnails.Set(0);
+  } else if (world_.ThumbnailWarning != 0) {
+    Say("Only files which contain thumbnails will be shown.\r\n\r\n"
+        "(this message will not be displayed again)");
+    world_.ThumbnailWarning = 0;
+  }
+  if (ScanInProgress) {
+    Say("You cannot switch into or out of thumbnail view while a scan is in progress");
+    pane_.Check_Thumbnails.Set(ThumbnailMode ? 1 : 0);
+    return;
+  }
+  SetThumbnailMode(pane_.Check_Thumbnails.On());
+  ScanFolder(pane_.Txt_Address.Value());
+}
+
+void FolderScan::SetThumbnailMode(bool on) {
+  ThumbnailMode = on && !pane_.Option1_Folders.On();
+  pane_.Check_Thumbnails.Set(ThumbnailMode ? 1 : 0);
+  ApplyListViewMode();
+}
+
+// In the table a row's own text would stand beside its check box.
+void FolderScan::ApplyListViewMode() {
+  list_.SetIconView(ThumbnailMode);
+  if (ThumbnailMode) return;
+  for (std::size_t number = 1; number <= list_.Count(); ++number) list_.Row(number).rowText.clear();
+  list_.TellRows(1, list_.Count());
+}
+
+void FolderScan::Say(std::string_view text) {
+  world_.dialogs.Ask({"", std::string(text), Buttons::Ok});
 }
 
 void FolderScan::ShowCount() {

@@ -1,17 +1,19 @@
 // The scan: fills the list from a folder, from a tree, or from what was dropped on it.
 //
-// A fill lets pending events through at every tenth row, and any handler may run there; stops are
-// flags that are looked at between files.
+// A fill lets pending events through at every tenth row, in the thumbnail view at every file, and
+// any handler may run there; stops are flags that are looked at between files.
 #pragma once
 
 #include <string>
 #include <vector>
 
+#include "base/dialogs.h"
 #include "base/pending_events.h"
 #include "base/status_bar.h"
 #include "filelist/check_pattern.h"
 #include "filelist/file_list.h"
 #include "filelist/list_pane.h"
+#include "filelist/thumbnail_generator.h"
 #include "platform/clock.h"
 #include "platform/files.h"
 
@@ -23,6 +25,9 @@ struct ScanWorld {
   Clock& clock;
   PendingEvents& events;
   StatusBar& status;
+  Dialogs& dialogs;
+  cThumbnailGenerator& thumbnails;
+  int& ThumbnailWarning;  // set: the user is to be told once what the thumbnail view leaves out
   std::string home = {};  // what "~" in a typed address stands for
 };
 
@@ -38,8 +43,8 @@ class FolderScan {
   bool LastScanWasRecursive = false;
   bool ThumbnailMode = false;
   std::string LastScanFolder;
-  double FilesFound = 0;
-  double ThumbnailsFound = 0;
+  double FilesFound = 0;       // of this fill, whether or not they gave a row
+  double ThumbnailsFound = 0;  // of this fill, files that had a picture
   int ShowEXIFDateCreated = 1;
   int DateColumnMode = 0;  // 1: the list shows dates of creation, 0: of modification
 
@@ -75,12 +80,17 @@ class FolderScan {
   std::optional<Date> FileDate(const std::string& path);
   std::string GetListDate(const std::string& path);
 
-  // Brings box and view in line; nothing is listed anew.
-  void SetThumbnailMode(bool on);
-
   // Selects a folder as a click in the tree does, or stops a running fill instead. What is no
   // folder, or doesn't begin at the root, gives a message and false.
   bool SelectFolder(std::string path);
+
+  // The user has clicked Check_Thumbnails, which shows by now what is wanted: warns where that is
+  // due and lists the folder anew, or puts the box back. Code that sets the box doesn't come here.
+  void ThumbnailsClicked();
+  // Brings mode, box and view in line; nothing is listed or asked. Folders have no thumbnails.
+  void SetThumbnailMode(bool on);
+  // The list's view follows ThumbnailMode.
+  void ApplyListViewMode();
 
   // The window's keys. AddressKey is any key but Enter in Txt_Address.
   void AddressKey();
@@ -106,6 +116,8 @@ class FolderScan {
   void AddFileRow(std::string_view name, const std::string& directory,
                   const std::optional<FileFacts>& facts);
   void AddFolderRow(std::string_view name, std::string_view directory);
+  std::optional<PackedBitmap> FindThumbnail(const std::string& name, const std::string& directory);
+  void Say(std::string_view text);
   Date ListDate(const FileFacts& facts);
   std::optional<Date> ExifDate(std::string_view name, const std::string& directory);
   void WalkLevel(const SubfolderList& level);

@@ -18,7 +18,10 @@ constexpr std::int32_t noProfile = -1;
 Form1::Form1(const World& world)
     : settings(screen),
       pane(screen),
-      scan({world.files, world.clock, world.events, statusBar, world.home}, ListView1, pane),
+      thumbnails(world.thumbnails, world.files),
+      scan({world.files, world.clock, world.events, statusBar, world.dialogs, thumbnails,
+            ThumbnailWarning, world.home},
+           ListView1, pane),
       operations({world.files, world.dialogs, world.desktop, statusBar}, screen, ListView1, scan),
       pool(settings, ListView1, world.dialogs, world.clock, world.random),
       dates(world.files, world.clock),
@@ -257,7 +260,10 @@ void Form1::BuildPaths() {
   profiles.DefaultStyle = StylePath(commandStyleBlack);
 }
 
-void Form1::CreateThumbnailGenerator() {}
+void Form1::CreateThumbnailGenerator() {
+  thumbnails.Options = thumbnail_option::aspect | thumbnail_option::screen;
+  thumbnails.DesiredWidth = thumbnails.DesiredHeight = 96;
+}
 
 std::string Form1::StylePath(int number) const {
   const auto style = std::ranges::find(Styles(), number, &StyleChoice::number);

@@ -17,6 +17,7 @@
 #include "engine/rename_settings.h"
 #include "engine/unique_parameter.h"
 #include "filelist/list_operations.h"
+#include "filelist/thumbnail_generator.h"
 #include "media/genres.h"
 #include "media/mp3_id3v1.h"
 #include "media/mp3_id3v2.h"
@@ -69,6 +70,7 @@ class Form1 {
   FileList ListView1;
   RenameSettings settings;
   ListPane pane;
+  cThumbnailGenerator thumbnails;
   FolderScan scan;
   ListOperations operations;
   RandomNumberPool pool;

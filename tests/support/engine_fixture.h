@@ -113,7 +113,12 @@ class EngineTest : public testing::Test {
   FileList list;
   RenameSettings settings{screen};
   ListPane pane{screen};
-  FolderScan scan{{files, clock, events, status, "/home/u/"}, list, pane};
+  FakeThumbnails pictures;
+  cThumbnailGenerator thumbnails{pictures, files};
+  int ThumbnailWarning = 1;
+  FolderScan scan{{files, clock, events, status, dialogs, thumbnails, ThumbnailWarning, "/home/u/"},
+                  list,
+                  pane};
   ListOperations operations{{files, dialogs, desktop, status}, screen, list, scan};
   RandomNumberPool pool{settings, list, dialogs, clock, random};
   NameBuilder names{settings, pool, clock, EnglishDateNames(), files};
