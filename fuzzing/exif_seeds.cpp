@@ -1,4 +1,4 @@
-// Photos of both byte orders, and every format in every place.
+// Photos of both byte orders, and every format in every place; heads with small pictures.
 #include "fuzzing/seeds.h"
 #include "tests/support/jpeg_bytes.h"
 
@@ -30,6 +30,17 @@ Seeds ExifSeeds() {
   for (const ByteOrder order : {ByteOrder::Little, ByteOrder::Big}) {
     seeds.push_back(PhotoTakenAt("2024:02:29 23:59:59", order));
     seeds.push_back(EveryFormat(order));
+  }
+  AddDisturbed(seeds);
+  return seeds;
+}
+
+Seeds ExifThumbnailSeeds() {
+  Seeds seeds = {"\xFF\xD8\xFF", JpegFrame(0xC2, 640, 480)};
+  const std::string small = "\xFF\xD8" + JpegFrame(0xC0, 160, 120);
+  for (const ByteOrder order : {ByteOrder::Little, ByteOrder::Big}) {
+    seeds.push_back(PhotoWithThumbnail(order, 6, small) + JpegFrame(0xC0, 4000, 3000));
+    seeds.push_back(EveryFormat(order) + JpegFrame(0xC0, 4000, 3000));
   }
   AddDisturbed(seeds);
   return seeds;

@@ -13,10 +13,19 @@ struct Target {
   Seeds (*seeds)();
 };
 
-constexpr Target targets[] = {{"exif", ExifSeeds},        {"log", LogSeeds},
-                              {"profiles", ProfileSeeds}, {"configuration", ConfigurationSeeds},
-                              {"tips", TipSeeds},         {"id3v1", Id3v1Seeds},
-                              {"id3v2_read", Id3v2Seeds}, {"id3v2_write", Id3v2Seeds}};
+// clang-format off
+constexpr Target targets[] = {
+    {"exif", ExifSeeds},
+    {"exif_thumbnail", ExifThumbnailSeeds},
+    {"log", LogSeeds},
+    {"profiles", ProfileSeeds},
+    {"configuration", ConfigurationSeeds},
+    {"tips", TipSeeds},
+    {"id3v1", Id3v1Seeds},
+    {"id3v2_read", Id3v2Seeds},
+    {"id3v2_write", Id3v2Seeds},
+};
+// clang-format on
 
 void Save(const std::filesystem::path& folder, const Seeds& seeds) {
   std::filesystem::create_directories(folder);

@@ -12,6 +12,7 @@ using Seeds = std::vector<std::string>;
 void AddDisturbed(Seeds& seeds);
 
 Seeds ExifSeeds();
+Seeds ExifThumbnailSeeds();
 Seeds LogSeeds();
 Seeds ProfileSeeds();
 Seeds ConfigurationSeeds();

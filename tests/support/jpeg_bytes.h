@@ -74,4 +74,33 @@ inline std::string PhotoTakenAt(const std::string& date, ByteOrder order = ByteO
                 {40963, 4, 1, Bytes(order, 3000, 4)}});
 }
 
+// A photo's start with an orientation and a small picture in its second directory. What follows
+// the segments, such as JpegFrame, comes behind it.
+inline std::string PhotoWithThumbnail(ByteOrder order, std::uint32_t orientation,
+                                      const std::string& thumbnail) {
+  const auto size = static_cast<std::uint32_t>(thumbnail.size());
+  ExifEntries small = {{259, 3, 1, Bytes(order, 6, 2)},
+                       {513, 4, 1, Bytes(order, 0, 4)},
+                       {514, 4, 1, Bytes(order, size, 4)}};
+  const ExifEntries main = {{274, 3, 1, Bytes(order, orientation, 2)}};
+  const auto secondAt = static_cast<std::uint32_t>(8 + Directory(order, main, 8, 0).size());
+  const std::size_t end = secondAt + Directory(order, small, secondAt, 0).size();
+  small[1].data = Bytes(order, static_cast<std::uint32_t>(end), 4);
+  return Jpeg(order, Directory(order, main, 8, secondAt) + Directory(order, small, secondAt, 0) +
+                         thumbnail);
+}
+
+// A frame header of three components, and the start of a scan of some of them.
+inline std::string JpegFrame(int marker, std::uint32_t width, std::uint32_t height,
+                             int scanned = 3) {
+  const auto big = [](std::uint32_t value) { return Bytes(ByteOrder::Big, value, 2); };
+  const auto byte = [](int value) { return std::string(1, static_cast<char>(value)); };
+  std::string frame =
+      "\xFF" + byte(marker) + big(17) + byte(8) + big(height) + big(width) + byte(3);
+  for (int i = 1; i <= 3; ++i) frame += byte(i) + byte(0x11) + byte(0);
+  std::string scan = "\xFF\xDA" + big(static_cast<std::uint32_t>(6 + 2 * scanned)) + byte(scanned);
+  for (int i = 1; i <= scanned; ++i) scan += byte(i) + byte(0);
+  return frame + scan + byte(0) + byte(63) + byte(0);
+}
+
 }  // namespace tallowbrook

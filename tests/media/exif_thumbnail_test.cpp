@@ -1,0 +1,95 @@
+// Heads of JPEG files, built byte by byte.
+#include "media/exif_thumbnail.h"
+
+#include <gtest/gtest.h>
+
+#include "tests/support/faulty_files.h"
+#include "tests/support/jpeg_bytes.h"
+#include "tests/support/temporary_folder.h"
+
+namespace tallowbrook {
+namespace {
+
+// "4000x3000 rows, way 6, 12 bytes"
+std::string Told(const std::optional<JpegHead>& head) {
+  if (!head) return "none";
+  return std::to_string(head->width) + "x" + std::to_string(head->height) +
+         (head->decodesByRows ? " rows" : "") + ", way " + std::to_string(head->orientation) +
+         ", " + std::to_string(head->thumbnail.size()) + " bytes";
+}
+
+const std::string small = "\xFF\xD8\xFF small...";
+const std::string frame = JpegFrame(0xC0, 4000, 3000);
+
+std::string Segment(int marker, const std::string& bytes) {
+  const auto length = static_cast<std::uint32_t>(bytes.size() + 2);
+  return std::string("\xFF") + static_cast<char>(marker) + Bytes(ByteOrder::Big, length, 2) + bytes;
+}
+std::string Photo6(const std::string& thumbnail = small) {
+  return PhotoWithThumbnail(ByteOrder::Big, 6, thumbnail);
+}
+// The same with one number of the photo's bytes changed.
+std::string Changed(std::string photo, const std::string& from, const std::string& to) {
+  const std::size_t at = photo.find(from);
+  return at == std::string::npos ? "not found" : photo.replace(at, from.size(), to);
+}
+
+TEST(JpegHead, TellsWhatItFindsAndLeavesOutWhatIsBroken) {
+  const std::string photo = Photo6();
+  const std::string start = "\xFF\xD8";
+  const std::string big = Segment(0xE2, std::string(60'000, 'x'));
+  const std::string offset = std::string("\x02\x01\x00\x04\x00\x00\x00\x01", 8);
+  const std::string length = std::string("\x02\x02\x00\x04\x00\x00\x00\x01", 8);
+  const std::string sizeOfSmall =
+      Bytes(ByteOrder::Big, static_cast<std::uint32_t>(small.size()), 4);
+  const std::string far("\xFF\xFF\xFF\xF0", 4);
+  // clang-format off
+  const std::pair<std::string, std::string> rows[] = {
+      {photo + frame, "4000x3000 rows, way 6, 12 bytes"},
+      {PhotoWithThumbnail(ByteOrder::Little, 3, small) + frame, "4000x3000 rows, way 3, 12 bytes"},
+      {PhotoWithThumbnail(ByteOrder::Little, 9, small) + frame, "4000x3000 rows, way 1, 12 bytes"},
+      {photo + "\xFF\xFF\xFF" + frame, "4000x3000 rows, way 6, 12 bytes"},
+      {photo + Segment(0xC4, "tables") + photo.substr(2) + frame, "4000x3000 rows, way 6, 12 bytes"},
+      {start + Segment(0xE1, "http://of another kind") + photo.substr(2) + frame, "4000x3000 rows, way 6, 12 bytes"},
+      {start + frame, "4000x3000 rows, way 1, 0 bytes"},
+      // Pictures that a decoder holds as a whole.
+      {start + JpegFrame(0xC2, 64, 48), "64x48, way 1, 0 bytes"},
+      {start + JpegFrame(0xC0, 64, 48, 1), "64x48, way 1, 0 bytes"},
+      {start + JpegFrame(0xC0, 65535, 65535).substr(0, 19), "65535x65535, way 1, 0 bytes"},
+      // Small pictures that are none, or lie elsewhere.
+      {Photo6("no picture") + frame, "4000x3000 rows, way 6, 0 bytes"},
+      {Photo6("") + frame, "4000x3000 rows, way 6, 0 bytes"},
+      {Changed(photo, length + sizeOfSmall, length + far) + frame, "4000x3000 rows, way 6, 0 bytes"},
+      {Changed(photo, offset, "\x02\x03" + offset.substr(2)) + frame, "4000x3000 rows, way 6, 0 bytes"},
+      // Cut, or too far back.
+      {photo, "0x0, way 6, 12 bytes"},
+      {photo.substr(0, photo.size() - 1), "0x0, way 1, 0 bytes"},
+      {start + big + big + photo.substr(2) + frame, "4000x3000 rows, way 6, 12 bytes"},
+      {start + big + big + Segment(0xE2, std::string(12'000, 'x')) + frame, "0x0, way 1, 0 bytes"},
+      {start + "\xFF\xD9" + frame, "0x0, way 1, 0 bytes"},
+      {"\xFF\xD8\xFF", "0x0, way 1, 0 bytes"},
+      {"\x89PNG", "none"}, {"\xFF\xD8", "none"}, {"", "none"}};
+  // clang-format on
+  const TemporaryFolder folder;
+  SystemFiles files;
+  for (const auto& [bytes, told] : rows) {
+    EXPECT_EQ(Told(ReadJpegHead(files, folder.Write("p", bytes))), told) << bytes.substr(0, 100);
+  }
+  EXPECT_EQ(ReadJpegHead(files, folder.Write("p", photo + frame))->thumbnail, small);
+  EXPECT_EQ(Told(ReadJpegHead(files, folder.Path("gone"))), "none");
+  EXPECT_EQ(Told(ReadJpegHead(files, folder.Path())), "none");
+}
+
+TEST(JpegHead, ReadsTheFileThroughOneOpen) {
+  const TemporaryFolder folder;
+  SystemFiles disk;
+  FaultyFiles files(disk);
+  const std::string path = folder.Write("p", Photo6() + frame);
+  EXPECT_NE(Told(ReadJpegHead(files, path)), "none");
+  EXPECT_EQ(files.Count(FileCall::Open), 1);
+  files.FailAt(FileCall::Read, files.Count(FileCall::Read) + 2, FileError::Other);
+  EXPECT_EQ(Told(ReadJpegHead(files, path)), "none");
+}
+
+}  // namespace
+}  // namespace tallowbrook
