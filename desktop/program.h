@@ -39,7 +39,7 @@ class Program {
   WindowDialogs dialogs_;
   WindowEvents events_;
   WindowDesktop desktop_;
-  ThumbnailPictures thumbnails_;
+  ThumbnailPictures thumbnails_{files_};
   TcpSocket socket_;
 
  public:

@@ -1,0 +1,275 @@
+// Thumbnails of real files: where they come from, which way up they are, and what is left alone.
+#include "desktop/thumbnail_pictures.h"
+
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+
+#include <QColorSpace>
+#include <QImageWriter>
+#include <QtGui>
+
+#include "desktop/packed_picture.h"
+#include "tests/support/faulty_files.h"
+#include "tests/support/jpeg_bytes.h"
+#include "tests/support/temporary_folder.h"
+
+namespace tallowbrook {
+
+namespace {
+
+// Four quarters: top left, top right, bottom left, bottom right. 'r', 'g', 'b', 'w' or 'k'.
+QImage Quarters(QSize size, const char* colours) {
+  const std::map<char, QColor> all = {
+      {'r', Qt::red}, {'g', Qt::green}, {'b', Qt::blue}, {'w', Qt::white}, {'k', Qt::black}};
+  QImage picture(size, QImage::Format_RGB32);
+  QPainter painter(&picture);
+  const int x = size.width() / 2;
+  const int y = size.height() / 2;
+  for (int i = 0; i < 4; ++i) {
+    painter.fillRect(QRect(i % 2 ? x : 0, i / 2 ? y : 0, x + 1, y + 1), all.at(colours[i]));
+  }
+  return picture;
+}
+
+std::string Saved(const QImage& picture, const char* format = "JPEG", bool progressive = false) {
+  QByteArray bytes;
+  QBuffer buffer(&bytes);
+  buffer.open(QIODevice::WriteOnly);
+  QImageWriter writer(&buffer, format);
+  writer.setProgressiveScanWrite(progressive);
+  EXPECT_TRUE(writer.write(picture)) << format;
+  return bytes.toStdString();
+}
+std::string Plain(QSize size, const char* colours) {
+  return Saved(Quarters(size, colours));
+}
+// A photo with a small picture inside.
+std::string Photo(const std::string& whole, const std::string& small, int orientation = 1) {
+  return PhotoWithThumbnail(ByteOrder::Big, static_cast<std::uint32_t>(orientation), small) +
+         whole.substr(2);
+}
+
+char Colour(const QImage& picture, double x, double y) {
+  const QColor c = picture.pixelColor(int(picture.width() * x), int(picture.height() * y));
+  const int code = (c.red() > 127) + 2 * (c.green() > 127) + 4 * (c.blue() > 127);
+  return "krg?b??w"[code];
+}
+
+}  // namespace
+
+class ThumbnailPicturesTest : public testing::Test {
+ protected:
+  // Size and colours of the quarters, "96x48 rgbw"; "none".
+  std::string Thumbnail(const std::string& name) {
+    const std::string path = folder.Path(name);
+    packed = source.Extract(path, *disk.Facts(path), 96, 96);
+    if (!packed) return "none";
+    const QImage picture = Unpack(*packed);
+    EXPECT_EQ(picture.size(), QSize(packed->width, packed->height));
+    std::string told =
+        std::to_string(picture.width()) + "x" + std::to_string(picture.height()) + " ";
+    for (const double y : {0.25, 0.75}) {
+      for (const double x : {0.25, 0.75}) told += Colour(picture, x, y);
+    }
+    return told;
+  }
+  std::string ThumbnailOf(const std::string& bytes) {
+    const std::string name = "f" + std::to_string(++made);
+    folder.Write(name, bytes);
+    return Thumbnail(name);
+  }
+  // Puts a picture into the cache as another program would.
+  void Keep(const std::string& name, const char* size, const char* colours, std::int64_t time,
+            const QString& uri) {
+    QImage picture = Quarters({100, 50}, colours);
+    picture.setText(QStringLiteral("Thumb::URI"), uri);
+    picture.setText(QStringLiteral("Thumb::MTime"), QString::number(time));
+    WritePrivateFile(places.PlaceOf(folder.Path(name), size), Saved(picture, "PNG"));
+  }
+  QString Uri(const std::string& name) {
+    return QStringLiteral("file://") + QString::fromStdString(folder.Path(name));
+  }
+  int Mode(const std::string& path) {
+    struct stat facts {};
+    stat(path.c_str(), &facts);
+    return static_cast<int>(facts.st_mode & 07777);
+  }
+
+  TemporaryFolder folder;
+  TemporaryFolder cache;
+  SystemFiles disk;
+  FaultyFiles files{disk};
+  ThumbnailPictures source{files, cache.Path()};
+  ThumbnailCache places{files, cache.Path()};
+  std::optional<PackedBitmap> packed;
+  int made = 0;
+};
+
+// The same from the photo itself, and from its small picture, which has a black quarter.
+TEST_F(ThumbnailPicturesTest, PicturesStandUpright) {
+  // clang-format off
+  const char* upright[] = {"96x48 rgbw", "96x48 grwb", "96x48 wbgr", "96x48 bwrg",
+                           "48x96 rbgw", "48x96 brwg", "48x96 wgbr", "48x96 gwrb"};
+  // clang-format on
+  for (int orientation = 1; orientation <= 8; ++orientation) {
+    std::string expected = upright[orientation - 1];
+    const std::string whole = Plain({400, 200}, "rgbw");
+    EXPECT_EQ(ThumbnailOf(Photo(whole, "", orientation)), expected) << orientation;
+    expected.replace(expected.find('w'), 1, "k");
+    EXPECT_EQ(ThumbnailOf(Photo(whole, Plain({160, 80}, "rgbk"), orientation)), expected)
+        << orientation;
+  }
+}
+
+// Green ones are the cameras', which no cache needs; red ones come from the photos themselves.
+TEST_F(ThumbnailPicturesTest, ACamerasPictureServesIfItIsThatPhotoAndLargeEnough) {
+  struct Row {
+    QSize photo;
+    QSize small;
+    const char* expected;
+  };
+  const Row rows[] = {
+      {{1200, 800}, {160, 107}, "96x64 gggg"}, {{1200, 800}, {160, 106}, "96x64 gggg"},
+      {{1200, 800}, {96, 64}, "96x64 gggg"},   {{1200, 800}, {160, 120}, "96x64 rrrr"},
+      {{1200, 800}, {107, 160}, "96x64 rrrr"}, {{1200, 800}, {90, 60}, "96x64 rrrr"},
+      {{60, 40}, {60, 40}, "60x40 gggg"},      {{60, 40}, {48, 32}, "60x40 rrrr"},
+      {{1200, 800}, {1200, 800}, "96x64 rrrr"}};
+  for (const Row& row : rows) {
+    const bool isCameras = row.expected[6] == 'g';
+    folder.Write("p", Photo(Plain(row.photo, "rrrr"), Plain(row.small, "gggg")));
+    EXPECT_EQ(Thumbnail("p"), row.expected) << row.small.width() << " x " << row.small.height();
+    EXPECT_EQ(disk.Exists(places.PlaceOf(folder.Path("p"), "normal")), !isCameras);
+    disk.Delete(places.PlaceOf(folder.Path("p"), "normal"));
+  }
+  // What is broken inside gives way to the photo.
+  const std::string small = Plain({160, 107}, "gggg");
+  const std::string head = small.substr(0, small.find("\xFF\xDA"));
+  EXPECT_EQ(ThumbnailOf(Photo(Plain({1200, 800}, "rrrr"), head)), "96x64 rrrr");
+  EXPECT_EQ(ThumbnailOf(Photo(Plain({1200, 800}, "rrrr"), "\xFF\xD8\xFF no")), "96x64 rrrr");
+}
+
+TEST_F(ThumbnailPicturesTest, TheCacheServesWhatIsOfThisFileAsItIsNow) {
+  folder.Write("p", Plain({1200, 800}, "rrrr"));
+  folder.SetTime("p", 1'000'000'000, 5);
+  const std::string normal = places.PlaceOf(folder.Path("p"), "normal");
+  const std::string large = places.PlaceOf(folder.Path("p"), "large");
+  struct Row {
+    const char* size;
+    std::int64_t time;
+    const char* of;
+    const char* expected;
+  };
+  for (const auto& [size, time, of, expected] : {Row{"normal", 1'000'000'000, "p", "96x48 gggg"},
+                                                 {"large", 1'000'000'000, "p", "96x48 gggg"},
+                                                 {"normal", 1'000'000'001, "p", "96x64 rrrr"},
+                                                 {"large", 1'000'000'000, "q", "96x64 rrrr"}}) {
+    Keep("p", size, "gggg", time, Uri(of));
+    EXPECT_EQ(Thumbnail("p"), expected) << size;
+    disk.Delete(normal);
+    disk.Delete(large);
+  }
+  // What was made is kept for the next time, until the file changes; an upright picture stays so.
+  folder.Write("p", Photo(Plain({1200, 800}, "rgbw"), "", 6));
+  folder.SetTime("p", 1'000'000'000);
+  EXPECT_EQ(Thumbnail("p"), "64x96 brwg");
+  const int opened = files.Count(FileCall::Open);
+  EXPECT_EQ(Thumbnail("p"), "64x96 brwg");
+  EXPECT_EQ(files.Count(FileCall::Open), opened + 2) << "the head and the cache, not the photo";
+  folder.Write("p", Plain({1200, 800}, "gggg"));
+  folder.SetTime("p", 1'000'000'000);
+  EXPECT_EQ(Thumbnail("p"), "96x64 gggg") << "another file of that second";
+}
+
+TEST_F(ThumbnailPicturesTest, StoresAsTheStandardSays) {
+  EXPECT_EQ(places.PlaceOf("/home/jens/photos/me.png", "normal"),
+            cache.Path("thumbnails/normal/c6ee772d9e49320e97ec29a7eb5b1697.png"));
+  EXPECT_EQ(places.PlaceOf("/a \xC3\xA4;%\xFF+(1)@b", "large"),
+            cache.Path("thumbnails/large/4d5beeb4777ee15f85d809d859d6fa24.png"));
+  const std::string bytes = Plain({1200, 800}, "rgbw");
+  folder.Write("p", bytes);
+  folder.SetTime("p", 1'000'000'000);
+  Thumbnail("p");
+  const std::string place = places.PlaceOf(folder.Path("p"), "normal");
+  const QImage stored(QString::fromStdString(place));
+  EXPECT_EQ(stored.size(), QSize(128, 85));
+  const std::pair<const char*, QString> texts[] = {{"Thumb::URI", Uri("p")},
+                                                   {"Thumb::MTime", QStringLiteral("1000000000")},
+                                                   {"Thumb::Size", QString::number(bytes.size())},
+                                                   {"Software", QStringLiteral("Tallowbrook")}};
+  for (const auto& [key, text] : texts) EXPECT_EQ(stored.text(QLatin1String(key)), text) << key;
+  EXPECT_EQ(Mode(place), 0600);
+  EXPECT_EQ(Mode(cache.Path("thumbnails")), 0700);
+  EXPECT_EQ(Mode(cache.Path("thumbnails/normal")), 0700);
+  EXPECT_EQ(cache.Names("thumbnails/normal").size(), 1U);
+  // A small picture isn't made larger; what lies in the cache, by whatever path, gets none of its
+  // own; and a cache that is none is no error.
+  ThumbnailOf(Plain({20, 10}, "rgbw"));
+  EXPECT_EQ(QImage(QString::fromStdString(places.PlaceOf(folder.Path("f1"), "normal"))).size(),
+            QSize(20, 10));
+  folder.MakeLink("link", cache.Path("thumbnails/normal"));
+  const std::string name = place.substr(place.rfind('/') + 1);
+  EXPECT_EQ(Thumbnail("link/" + name), "96x64 rgbw");
+  EXPECT_TRUE(source.Extract(place, *disk.Facts(place), 96, 96));
+  EXPECT_EQ(cache.Names("thumbnails/normal").size(), 2U);
+  folder.Write("file");
+  ThumbnailPictures elsewhere(files, folder.Path("file/"));
+  EXPECT_TRUE(elsewhere.Extract(folder.Path("p"), *disk.Facts(folder.Path("p")), 96, 96));
+}
+
+TEST_F(ThumbnailPicturesTest, KnowsPicturesByTheirBytesAndRefusesTheRest) {
+  const QImage quarters = Quarters({200, 100}, "rgbw");
+  QImage clear = quarters.convertToFormat(QImage::Format_ARGB32);
+  for (int x = 0; x < 100; ++x) clear.setPixel(x, 30, 0);
+  const std::string png = Saved(quarters, "PNG");
+  const std::string jpeg = Saved(Quarters({400, 200}, "rrrr"));
+  std::string large = jpeg;  // 30,000 x 30,000 in its frame
+  large.replace(large.find("\xFF\xC0") + 5, 4, "\x75\x30\x75\x30");
+  std::string bitmap = Saved(quarters, "BMP");
+  bitmap.replace(18, 8, std::string("\x30\x75\0\0\x30\x75\0\0", 8));
+  std::string scans = Saved(Quarters({400, 200}, "rrrr"), "JPEG", true);
+  EXPECT_EQ(ThumbnailOf(scans), "96x48 rrrr");
+  scans.replace(scans.find("\xFF\xC2") + 5, 4, "\x20\x00\x20\x00");
+  // clang-format off
+  const std::pair<std::string, const char*> rows[] = {
+      {png, "96x48 rgbw"}, {Saved(quarters, "BMP"), "96x48 rgbw"}, {Saved(quarters, "PPM"), "96x48 rgbw"},
+      {Saved(clear, "PNG"), "96x48 rgbw"}, {Plain({1, 1000}, "rrrr"), "1x96 rrrr"},
+      {"", "none"}, {"no picture", "none"}, {"P6 of words", "none"}, {"BM\xFF\xFF", "none"},
+      {"<?xml version='1.0'?><svg xmlns='http://www.w3.org/2000/svg' width='9' height='9'/>", "none"},
+      {"<svg width='9' height='9'/>", "none"}, {large, "none"}, {bitmap, "none"}, {scans, "none"},
+      {png.substr(0, 100), "none"}, {jpeg.substr(0, 200), "none"}, {png.substr(0, 20), "none"}};
+  // clang-format on
+  for (const auto& [bytes, told] : rows) EXPECT_EQ(ThumbnailOf(bytes), told) << bytes.substr(0, 40);
+  folder.MakeFolder("name \xFF");
+  folder.Write("name \xFF/p.txt", png);
+  EXPECT_EQ(Thumbnail("name \xFF/p.txt"), "96x48 rgbw");
+  // One that is cut in its middle may show what is left.
+  EXPECT_EQ(ThumbnailOf(Plain({1200, 800}, "rrrr").substr(0, 8000)).substr(0, 8), "96x64 rr");
+  for (const char* format : {"WEBP", "TIFF"}) {
+    if (QImageWriter::supportedImageFormats().contains(QByteArray(format).toLower())) {
+      EXPECT_EQ(ThumbnailOf(Saved(quarters, format)), "96x48 rgbw") << format;
+    }
+  }
+}
+
+TEST_F(ThumbnailPicturesTest, PicturesStaySmallAndClearWhereTheyAreClear) {
+  QImage picture(100, 100, QImage::Format_ARGB32);
+  picture.fill(Qt::transparent);
+  picture.setPixelColor(50, 50, Qt::red);
+  EXPECT_EQ(qAlpha(Unpack(*Pack(picture)).pixel(0, 0)), 0);
+  QRandomGenerator chance(1);
+  for (const bool isClear : {true, false}) {
+    for (int i = 0; i < 10'000; ++i) {
+      picture.setPixel(i % 100, i / 100, chance.generate() | (isClear ? 0 : 0xFF000000));
+    }
+    EXPECT_LT(Pack(picture)->bytes.size(), 15'000U);
+  }
+  // Profiles and texts of a file stay behind.
+  QImage loaded = Quarters({96, 96}, "rgbw");
+  loaded.setColorSpace(QColorSpace::AdobeRgb);
+  loaded.setText(QStringLiteral("Comment"), QString(20'000, QLatin1Char('x')));
+  EXPECT_LT(Pack(loaded)->bytes.size(), 2'000U);
+  EXPECT_FALSE(Pack({}));
+  EXPECT_TRUE(Unpack({96, 96, "no picture"}).isNull());
+}
+
+}  // namespace tallowbrook
