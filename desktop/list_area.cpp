@@ -27,14 +27,22 @@ constexpr int groupGap = 12;
 }  // namespace
 
 ListArea::ListArea(Form1& form, Binder& binder, QWidget* parent)
-    : QWidget(parent), form_(form), progress_([this] { ShowProgress(); }) {
+    : QWidget(parent),
+      form_(form),
+      rows_(form.ListView1, form.operations),
+      progress_([this] { ShowProgress(); }) {
   auto* column = new QVBoxLayout(this);
   column->setContentsMargins(0, 0, 0, 0);
   column->setSpacing(spacing);
   column->addLayout(MakeAddressRow(binder));
   column->addLayout(MakeFilterRow(binder));
-  column->addWidget(MakeTable(), 1);
+  column->addWidget(MakeList(), 1);
   column->addLayout(MakeCheckRow(binder));
+}
+
+// The views hold references to the rows.
+ListArea::~ListArea() {
+  delete list_;
 }
 
 QLayout* ListArea::MakeAddressRow(Binder& binder) {
@@ -69,12 +77,12 @@ QLayout* ListArea::MakeFilterRow(Binder& binder) {
 
 // The table, and an empty page over it while the list is out of sight: nothing moves, and the
 // table keeps the focus.
-QWidget* ListArea::MakeTable() {
-  auto* place = new QWidget(this);
-  auto* pages = new QStackedLayout(place);
+QWidget* ListArea::MakeList() {
+  list_ = new QWidget(this);
+  auto* pages = new QStackedLayout(list_);
   pages->setStackingMode(QStackedLayout::StackAll);
-  auto* table = new FileTable(form_.ListView1, form_.operations, place);
-  auto* blank = new QFrame(place);
+  auto* table = new FileTable(rows_, list_);
+  auto* blank = new QFrame(list_);
   blank->setObjectName(QStringLiteral("EmptyList"));
   blank->setFrameShape(QFrame::StyledPanel);
   blank->setBackgroundRole(QPalette::Base);
@@ -82,11 +90,11 @@ QWidget* ListArea::MakeTable() {
   pages->addWidget(table);
   pages->addWidget(blank);
   const auto show = [this, pages] { pages->setCurrentIndex(form_.ListView1.Visible() ? 0 : 1); };
-  table->visibilityChanged = show;
+  rows_.model.stateChanged = show;
   show();
 
   table->dropped = [this](const std::vector<std::string>& paths) { form_.scan.AddDropped(paths); };
-  return place;
+  return list_;
 }
 
 QLayout* ListArea::MakeCheckRow(Binder& binder) {

@@ -15,6 +15,7 @@ namespace tallowbrook {
 class ListArea : public QWidget {
  public:
   ListArea(Form1& form, Binder& binder, QWidget* parent);
+  ~ListArea() override;
 
  protected:
   // Keys of the address come by here first.
@@ -23,13 +24,15 @@ class ListArea : public QWidget {
  private:
   QLayout* MakeAddressRow(Binder& binder);
   QLayout* MakeFilterRow(Binder& binder);
-  QWidget* MakeTable();
+  QWidget* MakeList();
   QLayout* MakeCheckRow(Binder& binder);
   QWidget* MakeProgress(Binder& binder);
   void ShowProgress();
   bool AddressKey(int key);
 
   Form1& form_;
+  FileRows rows_;
+  QWidget* list_ = nullptr;
   QLineEdit* address_ = nullptr;
   QProgressBar* bar_ = nullptr;
   Throttle progress_;

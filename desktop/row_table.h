@@ -1,12 +1,9 @@
-// A table of whole rows: what all lists of the program have in common.
+// A table of whole rows: what all tables of the program have in common.
 #pragma once
 
 #include <QStyledItemDelegate>
-#include <QTableView>
-#include <functional>
-#include <vector>
 
-#include "desktop/row_model.h"
+#include "desktop/row_view.h"
 
 namespace tallowbrook {
 
@@ -22,39 +19,15 @@ class RowDelegate : public QStyledItemDelegate {
   void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override;
 };
 
-class RowTable : public QTableView {
+class RowTable : public RowView<QTableView> {
  public:
   explicit RowTable(QWidget* parent);
 
  protected:
-  // Input acts on rows that are there: each of these tells the view of all changes first.
-  void keyPressEvent(QKeyEvent* event) override;
-  void mousePressEvent(QMouseEvent* event) override;
-  // A click on a check box turns it and leaves the highlights alone.
-  void mouseReleaseEvent(QMouseEvent* event) override;
-  void mouseMoveEvent(QMouseEvent* event) override;
-  void mouseDoubleClickEvent(QMouseEvent* event) override;
-  // A key never acts on a single check box.
-  bool edit(const QModelIndex& index, EditTrigger trigger, QEvent* event) override;
-
-  // The left button, twice on one row but not on its check box. The row counts from 1.
-  virtual void RowDoubleClicked(std::size_t) {}
-
-  RowModel& Rows() const { return *static_cast<RowModel*>(model()); }
-  bool IsOnCheckBox(QPoint point) const;
-  // From 1, 0 for none.
-  std::size_t RowAt(QPoint point) const;
-  // Of those that the view knows, ascending.
-  std::vector<std::size_t> HighlightedRows() const;
-  // All highlighted rows become what the first of them was not; rows beyond `count` are left out.
-  void ToggleHighlighted(std::size_t count, const std::function<bool(std::size_t)>& isChecked,
-                         const std::function<void(std::size_t, bool)>& setChecked);
+  QRect CheckBoxRect(const QModelIndex& index) const override;
 
  private:
   void SetUpLook();
-
-  std::size_t pressedRow_ = 0;
-  bool pressedBox_ = false;
 };
 
 }  // namespace tallowbrook

@@ -11,8 +11,8 @@ namespace tallowbrook {
 
 class FileTableTest : public EngineTest {
  protected:
-  void Add(std::initializer_list<const char*> rows) {
-    for (const char* name : rows) {
+  void Add(std::initializer_list<const char*> names) {
+    for (const char* name : names) {
       FileEntry entry;
       entry.name = name;
       entry.folder = list.Folders().Intern("/d/");
@@ -22,7 +22,7 @@ class FileTableTest : public EngineTest {
   QVariant Cell(int row, Column column, int role = Qt::DisplayRole) {
     return model().index(row, SectionOf(column)).data(role);
   }
-  FileTableModel& model() { return *static_cast<FileTableModel*>(table.model()); }
+  FileTableModel& model() { return rows.model; }
   void Show() {
     model().Sync();
     table.resize(900, 400);
@@ -43,14 +43,15 @@ class FileTableTest : public EngineTest {
   }
   QMenu* Menu() { return qobject_cast<QMenu*>(QApplication::activePopupWidget()); }
 
-  FileTable table{list, operations, nullptr};
+  FileRows rows{list, operations};
+  FileTable table{rows, nullptr};
   QAbstractItemModelTester tester{table.model(),
                                   QAbstractItemModelTester::FailureReportingMode::Fatal};
 };
 
 TEST_F(FileTableTest, ShowsRowsAfterAnEventUnlessOutOfSight) {
   bool told = false;
-  table.visibilityChanged = [&] { told = true; };
+  model().stateChanged = [&] { told = true; };
   list.SetVisible(false);
   Add({"a.txt", "b.txt"});
   model().Sync();
