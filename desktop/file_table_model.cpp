@@ -77,16 +77,27 @@ QVariant FileTableModel::data(const QModelIndex& index, int role) const {
 QVariant FileTableModel::TextOf(std::size_t number, Column column) const {
   // A mask may have made a name of megabytes: no file can bear it, and no cell has to paint it.
   constexpr std::ptrdiff_t mostCharacters = 1000;
-  const std::string text = list_.Cell(number, column);
+  std::string text = list_.Cell(number, column);
+  // A row that was there before the pictures were has no text of its own.
+  if (IsIcon(column) && text.empty()) text = list_.Row(number).name;
   return VisibleText(*LeftCharacters(text, mostCharacters));
 }
 
+// Under a picture stands what becomes of the name, so that its tip tells the name as well.
 QVariant FileTableModel::ToolTipOf(std::size_t number, Column column) const {
-  return column == Column::Row ? QVariant() : PlainToolTip(TextOf(number, column).toString());
+  const QString text = TextOf(number, column).toString();
+  if (column != Column::Row) return PlainToolTip(text);
+  if (!IsIcon(column)) return {};
+  const QString name = TextOf(number, Column::FileName).toString();
+  return PlainToolTip(text == name ? name : name + QLatin1Char('\n') + text);
+}
+
+bool FileTableModel::IsIcon(Column column) const {
+  return column == Column::Row && list_.IconView();
 }
 
 QVariant FileTableModel::ColourOf(std::size_t number, Column column, int role) const {
-  if (column != Column::NewFileName) return {};
+  if (column != Column::NewFileName && !IsIcon(column)) return {};
   const Shade shade = ShadeOf(list_.Row(number).colour);
   const QColor& colour = role == Qt::ForegroundRole ? shade.text : shade.badge;
   return colour.isValid() ? QVariant(colour) : QVariant();

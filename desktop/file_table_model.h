@@ -28,7 +28,7 @@ class FileTableModel : public RowModel {
 
   // The user has clicked a row's check box.
   std::function<void(std::size_t row, bool checked)> itemCheck;
-  // Told by Sync after a change of captions or of the list's visibility.
+  // Told by Sync after a change of captions, of the list's visibility or of its kind of view.
   std::function<void()> stateChanged;
 
  protected:
@@ -38,6 +38,8 @@ class FileTableModel : public RowModel {
   QVariant TextOf(std::size_t number, Column column) const;
   QVariant ToolTipOf(std::size_t number, Column column) const;
   QVariant ColourOf(std::size_t number, Column column, int role) const;
+  // Whether the cell stands for its whole row, as a picture.
+  bool IsIcon(Column column) const;
   void Note(const ListChange& change);
 
   FileList& list_;

@@ -1,5 +1,6 @@
 #include "desktop/list_area.h"
 
+#include <QCheckBox>
 #include <QComboBox>
 #include <QKeyEvent>
 #include <QLabel>
@@ -8,6 +9,7 @@
 #include <QPushButton>
 #include <QRadioButton>
 #include <QStackedLayout>
+#include <QStackedWidget>
 #include <QVBoxLayout>
 
 #include "desktop/look.h"
@@ -42,7 +44,7 @@ ListArea::ListArea(Form1& form, Binder& binder, QWidget* parent)
 
 // The views hold references to the rows.
 ListArea::~ListArea() {
-  delete list_;
+  delete views_;
 }
 
 QLayout* ListArea::MakeAddressRow(Binder& binder) {
@@ -71,30 +73,56 @@ QLayout* ListArea::MakeFilterRow(Binder& binder) {
   row->addWidget(filter);
   row->addWidget(binder.Add(pane.Filter.styled, this));
   row->addStretch();
+  QCheckBox* thumbnails = binder.Add(pane.Check_Thumbnails, this);
+  // Behind the binding's own handler: the control knows of the click by now.
+  connect(thumbnails, &QCheckBox::clicked, this, [this] { form_.scan.ThumbnailsClicked(); });
+  row->addWidget(thumbnails);
+  row->addSpacing(groupGap);
   row->addWidget(binder.Add(pane.ScanSub.styled, this, 's'));
   return row;
 }
 
-// The table, and an empty page over it while the list is out of sight: nothing moves, and the
-// table keeps the focus.
+// The view, and an empty page over it while the list is out of sight: nothing moves, and the view
+// keeps the focus.
 QWidget* ListArea::MakeList() {
-  list_ = new QWidget(this);
-  auto* pages = new QStackedLayout(list_);
-  pages->setStackingMode(QStackedLayout::StackAll);
-  auto* table = new FileTable(rows_, list_);
-  auto* blank = new QFrame(list_);
+  auto* place = new QWidget(this);
+  list_ = new QStackedLayout(place);
+  list_->setStackingMode(QStackedLayout::StackAll);
+  views_ = new QStackedWidget(place);
+  table_ = new FileTable(rows_, views_);
+  views_->addWidget(table_);
+  auto* blank = new QFrame(place);
   blank->setObjectName(QStringLiteral("EmptyList"));
   blank->setFrameShape(QFrame::StyledPanel);
   blank->setBackgroundRole(QPalette::Base);
   blank->setAutoFillBackground(true);
-  pages->addWidget(table);
-  pages->addWidget(blank);
-  const auto show = [this, pages] { pages->setCurrentIndex(form_.ListView1.Visible() ? 0 : 1); };
-  rows_.model.stateChanged = show;
-  show();
+  list_->addWidget(views_);
+  list_->addWidget(blank);
+  table_->dropped = [this](const std::vector<std::string>& paths) { form_.scan.AddDropped(paths); };
+  rows_.model.stateChanged = [this] { ShowList(); };
+  ShowList();
+  return place;
+}
 
-  table->dropped = [this](const std::vector<std::string>& paths) { form_.scan.AddDropped(paths); };
-  return list_;
+void ListArea::ShowList() {
+  QWidget* view = View();
+  if (QWidget* before = views_->currentWidget(); before != view) {
+    const bool hadFocus = before->hasFocus();
+    views_->setCurrentWidget(view);
+    if (hadFocus) view->setFocus();
+  }
+  list_->setCurrentIndex(form_.ListView1.Visible() ? 0 : 1);
+}
+
+QWidget* ListArea::View() {
+  if (!form_.ListView1.IconView()) return table_;
+  if (!icons_) {
+    icons_ = new FileIcons(rows_, views_);
+    icons_->dropped = table_->dropped;
+    views_->addWidget(icons_);
+    setTabOrder(table_, icons_);
+  }
+  return icons_;
 }
 
 QLayout* ListArea::MakeCheckRow(Binder& binder) {

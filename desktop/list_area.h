@@ -4,11 +4,14 @@
 #include <QWidget>
 
 #include "desktop/binder.h"
+#include "desktop/file_icons.h"
 #include "desktop/file_table.h"
 #include "desktop/throttle.h"
 #include "shell/form1.h"
 
 class QProgressBar;
+class QStackedLayout;
+class QStackedWidget;
 
 namespace tallowbrook {
 
@@ -28,11 +31,16 @@ class ListArea : public QWidget {
   QLayout* MakeCheckRow(Binder& binder);
   QWidget* MakeProgress(Binder& binder);
   void ShowProgress();
+  void ShowList();
+  QWidget* View();
   bool AddressKey(int key);
 
   Form1& form_;
   FileRows rows_;
-  QWidget* list_ = nullptr;
+  QStackedLayout* list_ = nullptr;   // the views, and an empty page over them
+  QStackedWidget* views_ = nullptr;  // the table, and the icons once they were wanted
+  FileTable* table_ = nullptr;
+  FileIcons* icons_ = nullptr;
   QLineEdit* address_ = nullptr;
   QProgressBar* bar_ = nullptr;
   Throttle progress_;

@@ -11,8 +11,8 @@ namespace tallowbrook {
 
 class FileTableTest : public EngineTest {
  protected:
-  void Add(std::initializer_list<const char*> names) {
-    for (const char* name : names) {
+  void Add(std::initializer_list<const char*> fileNames) {
+    for (const char* name : fileNames) {
       FileEntry entry;
       entry.name = name;
       entry.folder = list.Folders().Intern("/d/");

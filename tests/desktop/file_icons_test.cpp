@@ -1,0 +1,216 @@
+// The list as pictures: what the view of icons does in its own way, and the way in and out of it.
+#include "desktop/file_icons.h"
+
+#include <QAbstractItemModelTester>
+#include <QTest>
+#include <QtWidgets>
+
+#include "desktop/packed_picture.h"
+#include "tests/desktop/window_fixture.h"
+#include "tests/support/engine_fixture.h"
+
+namespace tallowbrook {
+
+class FileIconsTest : public EngineTest {
+ protected:
+  void SetUp() override {
+    list.SetIconView(true);
+    QImage red(96, 48, QImage::Format_RGB32);
+    red.fill(Qt::red);
+    for (const char* name : {"a", "b.jpg", "c", "d", "e"}) {
+      FileEntry entry;
+      entry.name = entry.rowText = name;
+      entry.folder = list.Folders().Intern("/d/");
+      entry.image = list.AddImage(*Pack(red));
+      list.Add(std::move(entry));
+    }
+    rows.model.Sync();
+    icons.resize(460, 300);  // three pictures a row
+    icons.show();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&icons));
+  }
+  QRect Cell(int row) { return icons.visualRect(rows.model.index(row, 0)); }
+  QPoint Box(int row) { return Cell(row).topLeft() + QPoint(10, 14); }
+  void Click(QPoint point, Qt::MouseButton button = Qt::LeftButton,
+             Qt::KeyboardModifiers held = {}) {
+    QTest::mouseClick(icons.viewport(), button, held, point);
+  }
+  // Of the first letter's surroundings in the text below a picture: is any pixel nearly that?
+  bool Shows(int row, const QRect& part, QColor colour) {
+    const QImage image = icons.viewport()->grab(part.translated(Cell(row).topLeft())).toImage();
+    for (int y = 0; y < image.height(); ++y) {
+      for (int x = 0; x < image.width(); ++x) {
+        const QColor c = image.pixelColor(x, y);
+        if (std::abs(c.red() - colour.red()) + std::abs(c.green() - colour.green()) +
+                std::abs(c.blue() - colour.blue()) <
+            40) {
+          return true;
+        }
+      }
+    }
+    return false;
+  }
+  QVariant Data(int row, int role) { return rows.model.index(row, 0).data(role); }
+
+  FileRows rows{list, operations};
+  FileIcons icons{rows, nullptr};
+  QAbstractItemModelTester tester{&rows.model,
+                                  QAbstractItemModelTester::FailureReportingMode::Fatal};
+};
+
+TEST_F(FileIconsTest, ClicksAndKeysDoWhatTheyDoInTheTable) {
+  EXPECT_EQ(Cell(0).top(), Cell(2).top());
+  EXPECT_GT(Cell(3).top(), Cell(2).bottom() - 1);
+  Click(Cell(1).center());
+  EXPECT_EQ(Marks() + " " + Highlights(), "..... .x...");
+  Click(Box(3));
+  EXPECT_EQ(Marks() + " " + Highlights(), "...x. .....") << "the box, and off the row chosen last";
+  Click(Box(3));
+  Click(Cell(1).center());
+  QTest::keyClick(&icons, Qt::Key_Right, Qt::ShiftModifier);
+  QTest::keyClick(&icons, Qt::Key_Space);
+  EXPECT_EQ(Marks() + " " + Highlights(), ".xx.. .xx..");
+  QTest::keyClick(&icons, Qt::Key_Left);
+  QTest::keyClick(&icons, Qt::Key_Down);
+  EXPECT_EQ(Highlights(), "....x") << "the row below";
+  EXPECT_EQ(list.SelectedItem(), 5U);
+  std::size_t renamed = 0;
+  operations.OpenManualRename = [&] { renamed = list.HighlightedRow(); };
+  QTest::keyClick(&icons, Qt::Key_F2);
+  EXPECT_EQ(renamed, 5U);
+  Click(Cell(1).center());
+  QTest::mouseDClick(icons.viewport(), Qt::LeftButton, {}, Cell(1).center());
+  EXPECT_EQ(desktop.opened, Lines{"/d/b.jpg"});
+  QTest::mouseDClick(icons.viewport(), Qt::LeftButton, {}, Box(1));
+  EXPECT_EQ(desktop.opened.size(), 1U);
+  icons.setFocus();
+  EXPECT_TRUE(operations.ListHasFocus);
+  icons.clearFocus();
+  EXPECT_FALSE(operations.ListHasFocus);
+}
+
+TEST_F(FileIconsTest, TheMenuActsOnTheHighlightedOnes) {
+  for (const bool byKey : {false, true}) {
+    Click(Cell(0).center());
+    Click(Cell(2).center(), Qt::LeftButton, Qt::ControlModifier);
+    byKey ? QTest::keyClick(&icons, Qt::Key_F10, Qt::ShiftModifier)
+          : Click(Cell(2).center(), Qt::RightButton);
+    auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+    ASSERT_TRUE(menu);
+    menu->findChild<QAction*>(byKey ? QStringLiteral("mnu_DeselectHighlighted")
+                                    : QStringLiteral("mnu_SelectHighlighted"))
+        ->trigger();
+    QTest::qWait(1);
+    menu->close();
+    EXPECT_EQ(Marks(), byKey ? "....." : "x.x..");
+  }
+}
+
+TEST_F(FileIconsTest, WindowsMarkAndShowTheRowTheyWorkOn) {
+  for (int i = 0; i < 100; ++i) list.Add(list.Row(1));
+  rows.model.Sync();
+  list.SetSelected(100, true);
+  list.SetDropHighlight(100);
+  list.EnsureVisible(100);
+  QTest::qWait(60);
+  EXPECT_TRUE(icons.viewport()->rect().contains(Cell(99)));
+  EXPECT_TRUE(icons.selectionModel()->isRowSelected(99));
+  const QRect edge(0, 60, 4, 10);
+  EXPECT_TRUE(Shows(99, edge, QApplication::palette().color(QPalette::Highlight)));
+  EXPECT_FALSE(Shows(98, edge, QApplication::palette().color(QPalette::Highlight)));
+  // A sort takes highlights and pictures along.
+  list.SetSelected(100, false);
+  list.SetSelected(2, true);
+  while (list.Row(1).name != "e") list.SortByColumn(Column::FileName);
+  rows.model.Sync();
+  const auto at = static_cast<int>(Highlights().find('x'));
+  EXPECT_EQ(list.Row(static_cast<std::size_t>(at) + 1).name, "b.jpg");
+  EXPECT_TRUE(icons.selectionModel()->isRowSelected(at));
+}
+
+TEST_F(FileIconsTest, PaintsThePictureAndTheTextInTheColourOfItsOutcome) {
+  const QRect picture(25, 10, 90, 90);
+  const QRect text(4, 104, 132, 34);
+  EXPECT_TRUE(Shows(0, picture, Qt::red));
+  list.Row(2).colour = RowColour::Done;
+  list.Row(3).colour = RowColour::Failed;
+  list.Row(3).rowText = "(could not rename)";
+  list.Row(4).colour = RowColour::Skipped;
+  list.Row(5).rowText = std::string(40, 'n') + "<b>\n" + std::string(40, 'm');
+  list.TellRows(1, 5);
+  rows.model.Sync();
+  EXPECT_TRUE(Shows(0, text, Qt::black));
+  EXPECT_TRUE(Shows(1, text, Qt::blue));
+  EXPECT_TRUE(Shows(2, text, Qt::red));
+  EXPECT_TRUE(Shows(3, text, QColor(112, 122, 138)));
+  // The tip tells what the space doesn't, as it stands.
+  const auto tip = [](const QString& plain) {
+    return QLatin1String("<p style='white-space:pre-wrap'>") + plain + QLatin1String("</p>");
+  };
+  EXPECT_EQ(Data(1, Qt::ToolTipRole), tip(QStringLiteral("b.jpg")));
+  EXPECT_EQ(Data(2, Qt::ToolTipRole), tip(QStringLiteral("c\n(could not rename)")));
+  EXPECT_TRUE(Data(4, Qt::ToolTipRole).toString().contains(QStringLiteral("&lt;b&gt;\u21B5mmm")));
+  // A row from before, without a text or a picture; and one whose picture is broken.
+  list.Row(1).rowText.clear();
+  list.Row(1).image = 0;
+  list.Row(2).image = list.AddImage({96, 96, "broken"});
+  EXPECT_FALSE(Shows(0, picture, Qt::red) || Shows(1, picture, Qt::red));
+  EXPECT_EQ(Data(0, Qt::DisplayRole), QStringLiteral("a"));
+}
+
+class ThumbnailWindowTest : public WindowTest {
+ protected:
+  void SetUp() override {
+    for (const char* name : {"a.txt", "photo 1.jpg", "photo 2.jpg"}) home.Write(name);
+    form.Load();
+    Activate(window);
+    Settle();
+  }
+  // Leaves the keyboard where it is, unlike the mouse.
+  void ClickBox() {
+    Get<QCheckBox>("Check_Thumbnails").click();
+    Settle();
+  }
+  QListView& Icons() { return Get<QListView>("ListView1_Icons"); }
+};
+
+TEST_F(ThumbnailWindowTest, TheBoxTurnsTheTableToPicturesAndBack) {
+  table.setFocus();
+  dialogs.answers = {Answer::Ok};
+  ClickBox();
+  EXPECT_EQ(dialogs.asked.size(), 1U);
+  EXPECT_TRUE(Icons().isVisible() && Icons().hasFocus());
+  EXPECT_FALSE(table.isVisible());
+  EXPECT_EQ(Icons().model()->rowCount(), 2);
+  EXPECT_EQ(Get<QLabel>("StatusPane0").text(),
+            QStringLiteral("Scan Complete, 3 file(s) found of which 2 contained a thumbnail."));
+  const auto text = [&] { return Icons().model()->index(1, 0).data().toString(); };
+  EXPECT_EQ(text(), QStringLiteral("photo 2.jpg"));
+  Get<QAbstractButton>("PushButton_Preview").click();
+  EXPECT_EQ(text(), QStringLiteral("photo 2-0002.jpg"));
+  Get<QAbstractButton>("PushButton_Apply").click();
+  EXPECT_EQ(text(), QStringLiteral("photo 2-0002.jpg (success)"));
+  // The Delete key is the list's.
+  Icons().setFocus();
+  Press(Qt::Key_End);
+  dialogs.answers = {Answer::No};
+  Press(Qt::Key_Delete);
+  EXPECT_EQ(dialogs.asked.size(), 2U);
+  ClickBox();
+  EXPECT_TRUE(table.isVisible() && table.hasFocus());
+  EXPECT_EQ(table.model()->rowCount(), 3);
+  EXPECT_EQ(table.model()->index(1, 0).data(), QString());
+  // Folders have none.
+  ClickBox();
+  EXPECT_TRUE(Icons().isVisible());
+  Get<QAbstractButton>("Option1_Folders").click();
+  Settle();
+  EXPECT_TRUE(table.isVisible());
+  EXPECT_FALSE(Get<QCheckBox>("Check_Thumbnails").isChecked());
+  dialogs.answers = {Answer::Ok};
+  ClickBox();
+  EXPECT_EQ(dialogs.asked.size(), 3U);
+  EXPECT_FALSE(Get<QCheckBox>("Check_Thumbnails").isChecked());
+}
+
+}  // namespace tallowbrook
