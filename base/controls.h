@@ -26,7 +26,7 @@ enum class ControlKind {
   List,      // one of fixed items, by index from 0; -1 for none
   FreeList,  // free text over a list of proposals
   History,   // free text over the texts used before, newest first
-  Option,    // one of a group of which exactly one is on
+  Option,    // one of several, of which one is on at any time
   Date,      // a calendar date
   Number,    // a whole number that no control edits
   Spin,      // two arrows that step a number kept elsewhere

@@ -1,4 +1,5 @@
-// The status bar: pane 0 takes messages, pane 1 the row count. Everybody writes through one.
+// The status bar and its two panes: messages, and how many rows there are. There is one for
+// everybody.
 #pragma once
 
 #include <array>

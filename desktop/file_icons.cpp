@@ -8,6 +8,7 @@
 #include <QStyledItemDelegate>
 #include <QTextLayout>
 
+#include "desktop/contrast.h"
 #include "desktop/packed_picture.h"
 
 namespace tallowbrook {
@@ -80,7 +81,8 @@ class IconDelegate : public QStyledItemDelegate {
     place.moveCenter(square.center());
     painter.drawPixmap(place, *picture);
     const QRect edge = place.adjusted(-1, -1, 1, 1);
-    const QColor shade(0, 0, 0, 40);
+    QColor shade = option.palette.color(QPalette::Text);
+    shade.setAlpha(40);
     painter.fillRect(edge.left(), edge.top(), edge.width(), 1, shade);
     painter.fillRect(edge.left(), edge.bottom(), edge.width(), 1, shade);
     painter.fillRect(edge.left(), place.top(), 1, place.height(), shade);
@@ -111,10 +113,11 @@ class IconDelegate : public QStyledItemDelegate {
       painter.setBrush(badge.value<QColor>());
       painter.drawRoundedRect(box.adjusted(-3, 0, 3, 0), radius, radius);
     }
-    QColor ink = colour.isValid() ? colour.value<QColor>() : option.palette.color(QPalette::Text);
-    // A shade darker, so that it stands on the highlight as it does on white.
-    if (option.state & QStyle::State_Selected && !badge.isValid()) ink = ink.darker(125);
-    painter.setPen(ink);
+    const QColor ink =
+        colour.isValid() ? colour.value<QColor>() : option.palette.color(QPalette::Text);
+    const bool isSelected = option.state & QStyle::State_Selected;
+    const QColor ground = option.palette.color(isSelected ? QPalette::Highlight : QPalette::Base);
+    painter.setPen(badge.isValid() ? ink : LegibleShade(ink, {ground}));
     painter.drawText(room, flags, text);
   }
 

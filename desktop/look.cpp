@@ -44,7 +44,7 @@ QTabBar::tab {
 QTabBar::tab:hover { background: @tabHover; }
 QTabBar::tab:selected { background: @page; border-bottom-color: @page; color: @selectedTabText; }
 
-QTableView, QTreeView { selection-background-color: @rowHighlight; selection-color: @text; }
+QTableView, QTreeView, QListView#ListView1_Icons { selection-background-color: @rowHighlight; selection-color: @text; }
 QHeaderView::section {
   background: @header; color: @headerText; padding: 4px 3px;
   border: none; border-right: 1px solid @border; border-bottom: 1px solid @border;

@@ -8,13 +8,6 @@ namespace tallowbrook {
 
 template <typename View>
 RowView<View>::RowView(QWidget* parent) : View(parent) {
-  // Near enough to the ground for the colours of the outcomes to stand on it.
-  QPalette colours = this->palette();
-  const bool isDark = colours.color(QPalette::Base).lightness() < 128;
-  colours.setColor(QPalette::Highlight,
-                   isDark ? QColor(0x28, 0x42, 0x5e) : QColor(0xd3, 0xe4, 0xf7));
-  colours.setColor(QPalette::HighlightedText, colours.color(QPalette::Text));
-  this->setPalette(colours);
   this->setTextElideMode(Qt::ElideMiddle);
   this->setSelectionBehavior(View::SelectRows);
   this->setSelectionMode(View::ExtendedSelection);

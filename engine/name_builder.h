@@ -17,7 +17,7 @@
 
 namespace tallowbrook {
 
-// At the head of a result: the file gets no new name, and the text behind says why.
+// At the head of a result that is no name; why there is none stands behind it.
 inline constexpr std::string_view FailureMarker = "<0>";
 
 class NameBuilder {

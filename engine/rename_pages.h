@@ -48,7 +48,7 @@ class RenamePages {
   // either mask sets it, whichever the picker serves: this is wanted.
   std::size_t KeywordCaret = 0;
 
-  // Fills the item lists and sets the defaults. Prefix, suffix, keyword masks, search texts,
+  // Lists and most fields as a first start has them. Prefix, suffix, keyword masks, search texts,
   // options, several ticks, the date picker, the move target and all histories stay as they are.
   void ResetSettings();
   void RefreshSampleFileName();

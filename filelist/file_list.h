@@ -14,7 +14,7 @@
 
 namespace tallowbrook {
 
-// By the order of the column headers, from 1.
+// Numbered as the headers stand, from 1.
 enum class Column {
   Row = 1,
   FileName,

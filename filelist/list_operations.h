@@ -46,7 +46,7 @@ class ListOperations {
   // Opens the highlighted row's file in its program; without one, nothing.
   void OpenFile();
   void OpenContainingFolder();
-  // Rewrites the date column of all rows. The order of a sort by date stays that of the scan, and
+  // Dates all rows anew. The order of a sort by date stays that of the scan, and
   // photos show their file dates: both are wanted.
   void UpdateDates();
   // 1 shows dates of creation, 0 of modification.
@@ -58,7 +58,7 @@ class ListOperations {
   void DoubleClick() { OpenFile(); }
   // A button was let go over a row, or over none (0). True if the menu is to show.
   bool MouseUp(std::size_t row, bool isRight);
-  // The user has clicked a check box. Takes the highlight off the selected item.
+  // The user has turned a check mark by a click. The selected item is then no longer highlighted.
   void ItemCheck(std::size_t row, bool checked);
   void RenameKey();
   // Deletes only while the keyboard is the list's: elsewhere the key edits text.

@@ -1,4 +1,4 @@
-// cMP3ID3v2: the version 2 tag of an MP3 file, as frames of text without their zero bytes.
+// cMP3ID3v2: the ID3v2 tag of a song, as frames of text without their zero bytes.
 //
 // What the format has beyond frames of single bytes is passed over on purpose: encodings, extended
 // headers, sizes of seven bits a byte. What was read goes back by Update. Texts are UTF-8 in the

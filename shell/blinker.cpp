@@ -8,7 +8,8 @@ constexpr int ticks = 6;
 }  // namespace
 
 void Blinker::BlinkControl(Control& control, bool reset) {
-  if (reset || Running()) RestoreBlinkColours();
+  Light(false);
+  if (reset) controls_.clear();
   if (controls_.size() < mostControls) controls_.push_back(&control);
   countdown_ = ticks;
   if (started) started();

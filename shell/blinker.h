@@ -12,8 +12,8 @@ class Blinker {
  public:
   static constexpr int intervalMilliseconds = 150;
 
-  // Adds a control to those that blink, up to 11, and begins the countdown anew. During a running
-  // blink, or with `reset`, the ones before are done with first.
+  // Adds a control to those that blink, up to 11, and begins the countdown anew, with all of them
+  // as they were. With `reset` the ones before are done with.
   void BlinkControl(Control& control, bool reset);
   // All controls as they were; nothing blinks any more.
   void RestoreBlinkColours();

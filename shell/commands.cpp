@@ -14,7 +14,9 @@ void Toggle(Form1& form, int number) {
   form.ribbon.ToggleChecked(number);
 }
 
+// From what the switch stands for at present.
 bool Toggled(Form1& form, int number) {
+  form.SetupCommandBars();
   form.ribbon.ToggleChecked(number);
   return form.ribbon.Checked[number];
 }

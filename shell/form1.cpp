@@ -155,8 +155,9 @@ void Form1::ExitProgram() {
 }
 
 void Form1::Dispatch(int number) {
-  if (number > profileCommands) {
-    Attempt([&] { LoadProfileAt(static_cast<std::size_t>(number - profileCommands)); });
+  const auto index = static_cast<std::size_t>(number) - profileCommands;
+  if (number > profileCommands && index < profiles.ProfileList().size()) {
+    Attempt([&] { LoadProfileAt(index); });
   } else if (const Command* command = FindCommand(number)) {
     Attempt([&] { command->action(*this, number); });
   } else if (repaint) {
@@ -290,21 +291,23 @@ void Form1::BuildRibbon() {
   ribbon.CurrentProfile.SetCaption("Current Profile: None");
 }
 
-// What is selected in the ribbon stays selected where the profile is still there.
+// The profile that is selected in the ribbon stays selected, wherever it stands by now.
 void Form1::Profile_List_Update() {
+  const std::vector<ProfileEntry>& list = profiles.ProfileList();
   std::vector<std::string> profileNames;
-  for (const ProfileEntry& profile : profiles.ProfileList()) profileNames.push_back(profile.name);
+  for (const ProfileEntry& profile : list) profileNames.push_back(profile.name);
   menus.ShowProfiles(profileNames);
-  const int selected = ribbon.LoadProfile.Index();
-  if (profileNames != ribbon.LoadProfile.Items()) {
-    ribbon.LoadProfile.SetItems(profileNames);
-    ribbon.LoadProfile.Select(selected);
-  }
+  const auto index = static_cast<std::size_t>(ribbon.LoadProfile.Index());
+  const std::int32_t selected = index < shownProfiles_.size() ? shownProfiles_[index].id : 0;
+  const auto found = std::ranges::find(list, selected, &ProfileEntry::id);
+  ribbon.LoadProfile.SetItems(std::move(profileNames));
+  ribbon.LoadProfile.Select(
+      found == list.end() || selected == 0 ? -1 : static_cast<int>(found - list.begin()));
+  shownProfiles_ = list;
   if (profileMenuChanged) profileMenuChanged();
 }
 
 void Form1::LoadProfileAt(std::size_t index) {
-  if (index == 0 || index >= profiles.ProfileList().size()) return;
   std::int32_t id = profiles.ProfileList()[index].id;
   profiles.LoadProfile(id);
 }
@@ -312,8 +315,9 @@ void Form1::LoadProfileAt(std::size_t index) {
 void Form1::LoadSelectedProfile() {
   const int index = ribbon.LoadProfile.Index();
   if (index <= 0) return;
+  const std::string profile = ribbon.LoadProfile.ItemText();
   LoadProfileAt(static_cast<std::size_t>(index));
-  ribbon.CurrentProfile.SetCaption("Current Profile: " + profiles.Current().name);
+  ribbon.CurrentProfile.SetCaption("Current Profile: " + profile);
 }
 
 void Form1::SaveCurrentProfile() {

@@ -204,6 +204,8 @@ class Form1 {
   std::vector<ConfigurationEntry> ConfigurationEntries();
   std::string ConfigurationPath() const;
 
+  // As the ribbon lists them.
+  std::vector<ProfileEntry> shownProfiles_;
   World world_;
 };
 

@@ -1,6 +1,7 @@
 #include "store/configuration.h"
 
 #include "base/decimal.h"
+#include "base/letter_case.h"
 #include "store/profile_file.h"
 
 namespace tallowbrook {
@@ -11,7 +12,9 @@ struct ReadValue {
   std::string_view value;
 
   void operator()(bool* flag) const {
-    if (value == "True" || value == "False") *flag = value == "True";
+    for (const bool on : {false, true}) {
+      if (EqualIgnoringCase(value, on ? "True" : "False")) *flag = on;
+    }
   }
   void operator()(int* number) const {
     if (const auto whole = WholeNumber(value)) *number = *whole;

@@ -1,8 +1,8 @@
-// The configuration: what belongs to the installation, as lines of key and value in
-// tallowbrook.cfg.
+// The configuration: what is set once for the program, whatever it renames, as lines of key and
+// value in tallowbrook.cfg.
 //
-// Form1 declares the entries, one a line with its default; the routines here walk them. Every key
-// is looked up by itself, as in a profile, so that order and foreign lines don't matter.
+// Form1 declares the entries, one a line with its default; the routines here walk them. A line is
+// found by its key, as in a profile, wherever it stands and whatever stands around it.
 #pragma once
 
 #include <span>
@@ -21,7 +21,7 @@ struct ConfigurationEntry {
   bool isReadBack = true;
 };
 
-// A key that is missing, or whose value is empty or doesn't have its entry's form, gives its default.
+// What isn't there, is empty or doesn't have its entry's form is the entry's default.
 void ReadConfiguration(std::string_view text, std::span<const ConfigurationEntry> entries);
 // The whole file, its lines in the order of the entries.
 std::string WriteConfiguration(std::span<const ConfigurationEntry> entries);

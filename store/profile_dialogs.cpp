@@ -5,6 +5,7 @@ namespace tallowbrook {
 namespace {
 
 const MessageBox couldNotSave{"Save Profile", "The profile could not be saved"};
+const MessageBox couldNotDelete{"Delete Profile", "The profile could not be deleted"};
 
 }  // namespace
 
@@ -16,7 +17,10 @@ SaveProfileDialog::SaveProfileDialog(ProfileStore& profiles, Dialogs& dialogs)
   Command_Save.rule = [this, &profiles, &dialogs] {
     const std::int32_t id = profiles.AvailableProfileID();
     // 0 is the last state's: with all IDs taken there is no place for one more.
-    if (id == 0 || !profiles.SaveProfile(id, Txt_ProfileName.Value())) dialogs.Ask(couldNotSave);
+    if (id == 0 || !profiles.SaveProfile(id, Txt_ProfileName.Value())) {
+      dialogs.Ask(couldNotSave);
+      return;
+    }
     profiles.LoadProfileList();
     if (close) close();
   };
@@ -82,10 +86,13 @@ void ManageProfiles::Delete() {
       {"Delete Profile", "Are you sure you want to delete the profile '" + profile.name + "'?",
        Buttons::YesNo, Answer::No});
   if (answer != Answer::Yes) return;
-  profiles_.DeleteProfile(profile.id);
+  if (profiles_.DeleteProfile(profile.id)) {
+    StatusBar1.Set(0, "Profile Deleted");
+  } else {
+    dialogs_.Ask(couldNotDelete);
+  }
   profiles_.LoadProfileList();
   Fill();
-  StatusBar1.Set(0, "Profile Deleted");
 }
 
 }  // namespace tallowbrook

@@ -1,5 +1,5 @@
-// The two windows on the stored profiles: one saves the present settings as a new profile, the
-// other renames, overwrites and deletes what is there.
+// The two windows on profiles: one makes a new profile of the present settings, the other lists
+// those that there are, to put the present settings in place of one or to do away with it.
 #pragma once
 
 #include <functional>

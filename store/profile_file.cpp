@@ -39,10 +39,10 @@ BlockPlace PlaceOf(std::string_view text, std::int32_t id) {
   place.start = FindIgnoringCase(text, Marker(startOfAny, id));
   if (place.start == npos) return place;
   const std::string endMarker = Marker(endOfAny, id);
-  place.end = text.find(endMarker, place.start);
+  const std::size_t following = std::min(FindFrom(text, startOfAny, place.start + 1), text.size());
+  place.end = text.substr(0, following).find(endMarker, place.start);
   if (place.end == npos) {
-    const std::size_t following = FindFrom(text, startOfAny, place.start + 1);
-    place.end = place.next = std::min(following, text.size());
+    place.end = place.next = following;
     return place;
   }
   place.next = place.end + endMarker.size();
@@ -93,10 +93,11 @@ std::int32_t CountProfiles(std::string_view text) {
 
 std::int32_t AvailableProfileID(std::string_view text) {
   constexpr std::int32_t highest = 9999;
+  constexpr std::size_t longestId = 4 + markerEnd.size();
   std::set<std::string_view> taken;
   for (std::size_t at = FindFrom(text, startOfAny, 0); at != npos;
        at = FindFrom(text, startOfAny, at + startOfAny.size())) {
-    const std::string_view id = text.substr(at + startOfAny.size());
+    const std::string_view id = text.substr(at + startOfAny.size(), longestId);
     if (const std::size_t end = id.find(markerEnd); end != npos) taken.insert(id.substr(0, end));
   }
   for (std::int32_t id = 1; id <= highest; ++id) {
@@ -110,9 +111,8 @@ std::vector<ProfileEntry> ListProfiles(std::string_view text) {
   std::vector<ProfileEntry> profiles;
   for (std::size_t at = FindFrom(text, startOfAny, 0); at != npos;
        at = FindFrom(text, startOfAny, at + step)) {
-    const std::size_t end =
-        std::min(text.find(endOfAny, at), FindFrom(text, startOfAny, at + step));
-    const std::string_view block = text.substr(at, end == npos ? npos : end - at);
+    std::string_view block = text.substr(at, FindFrom(text, startOfAny, at + step) - at);
+    block = block.substr(0, block.find(endOfAny));
     const auto id = WholeNumber<std::int32_t>(GetVar(block, "ProfileID=", "0"));
     if (id.value_or(0) != 0) {
       profiles.push_back({std::string(GetVar(block, "ProfileName=", "")), *id});

@@ -36,7 +36,7 @@ std::string_view ProfileBlock(std::string_view text, std::int32_t id);
 // short. Both are wanted: markers are found behind further "<".
 std::string WithoutProfile(std::string_view text, std::int32_t id);
 std::int32_t CountProfiles(std::string_view text);
-// The lowest ID from 1 up that no block bears; 0 if all up to 9999 are taken.
+// The first ID from 1 to 9999 that is free, 0 without one.
 std::int32_t AvailableProfileID(std::string_view text);
 // All blocks but that of the last state (ID 0), in the file's order.
 std::vector<ProfileEntry> ListProfiles(std::string_view text);

@@ -27,6 +27,12 @@ std::string ValueOf(std::string_view block, const ControlFacts& facts) {
   return std::string(GetVar(block, facts.key, facts.keyDefault));
 }
 
+// With a "/" behind blanks at its end. A folder of several lines can't be kept: the first would be
+// another one.
+std::string StoredFolder(const std::string& path) {
+  return path.find_first_of("\r\n") == std::string::npos ? WithSlash(path) : "";
+}
+
 std::string Joined(const std::vector<std::string>& entries) {
   std::string joined;
   for (const std::string& entry : entries) joined.append(entry).push_back(entryEnd);
@@ -81,7 +87,7 @@ std::string ProfileStore::Block(std::int32_t id, std::string_view name) const {
   };
   writer.Add(nameKey, name);
   writer.Add(idKey, std::to_string(id));
-  writer.Add(folderKey, world_.pane.FolderTreeview1.Value());
+  writer.Add(folderKey, StoredFolder(world_.pane.FolderTreeview1.Value()));
   add(world_.pane.Option1_Folders);
   writer.Add(createdKey, std::to_string(world_.scan.DateColumnMode));
   for (const Control* control : Settings()) add(*control);
@@ -98,9 +104,10 @@ bool ProfileStore::SaveProfile(std::int32_t id, std::string_view name) {
   }) == FileError::None;
 }
 
-void ProfileStore::DeleteProfile(std::int32_t id) {
-  if (!ProfileExists(id)) return;
-  world_.files.Rewrite(path_, [&](std::string_view old) { return WithoutProfile(old, id); });
+bool ProfileStore::DeleteProfile(std::int32_t id) {
+  if (!ProfileExists(id)) return true;
+  const auto without = [&](std::string_view old) { return WithoutProfile(old, id); };
+  return world_.files.Rewrite(path_, without) == FileError::None;
 }
 
 void ProfileStore::LoadProfile(std::int32_t& id, bool keepTab) {
@@ -126,15 +133,18 @@ void ProfileStore::LoadProfile(std::int32_t& id, bool keepTab) {
   if (current_.id > 0) world_.status.Set(0, "Current Profile: " + current_.name);
 }
 
-// Twice, since the rules of a later control may change an earlier one: the 29th of February gives
-// way until its year is there.
+// No page is no value. The direction gives way first, since letters and dates would ask about a
+// random one. Then twice, since the rules of a later control may change an earlier one: the 29th of
+// February gives way until its year is there.
 void ProfileStore::SetSettings(std::string_view block, bool keepTab) {
   const std::string today = GeneralDateText(StartOfDay(world_.clock.Now()));
   const auto set = [&](Control& control) {
     std::string value = ValueOf(block, control.Facts());
     if (value.empty() && control.Kind() == ControlKind::Date) value = today;
+    if (&control == &world_.settings.TabIndex && value == "-1") return;
     if (control.StoredText() != value) Attempt([&] { control.SetStoredText(value); });
   };
+  world_.settings.Combo_Direction.Select(DirectionIncrement);
   for (int pass = 0; pass < 2; ++pass) {
     for (Control* control : Settings()) {
       if (!keepTab || control != &world_.settings.TabIndex) set(*control);
@@ -167,23 +177,20 @@ void ProfileStore::ShowView(std::string_view block) {
   const bool folders = IsOn(ValueOf(block, pane.Option1_Folders.Facts()));
   const bool thumbnails = IsOn(ValueOf(block, pane.Check_Thumbnails.Facts())) && !folders;
   const int created = WholeNumber(GetVar(block, createdKey, "0")).value_or(0) == 1 ? 1 : 0;
-  std::string folder(GetVar(block, folderKey, world_.home));
-  const bool shown = scan.LastScanFolder.empty() == false;
+  std::string folder(GetVar(block, folderKey, ""));
   if (!folder.starts_with('/') || !scan.IsDirectory(folder)) {
-    folder = shown ? pane.FolderTreeview1.Value() : world_.home;
+    folder = scan.LastScanFolder.empty() ? world_.home : pane.FolderTreeview1.Value();
   }
-  const bool same = shown && WithSlash(folder) == WithSlash(pane.FolderTreeview1.Value()) &&
-                    thumbnails == scan.ThumbnailMode && created == scan.DateColumnMode;
   scan.DateColumnMode = created;
   world_.operations.ShowDateCaption();
   if (thumbnails != scan.ThumbnailMode) scan.SetThumbnailMode(thumbnails);
-  if (folders != pane.Option1_Folders.On()) {
-    pane.FolderTreeview1.Set(WithoutSlash(folder));
-    pane.Txt_Address.Set(WithSlash(folder));
-    (folders ? pane.Option1_Folders : pane.Option1_Files).Choose();
-  } else if (!same) {
+  if (folders == pane.Option1_Folders.On()) {
     scan.SelectFolder(folder);
+    return;
   }
+  pane.FolderTreeview1.Set(WithoutSlash(folder));
+  pane.Txt_Address.Set(WithSlash(folder));
+  (folders ? pane.Option1_Folders : pane.Option1_Files).Choose();
 }
 
 void ProfileStore::LoadProfileList() {

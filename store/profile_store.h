@@ -1,9 +1,9 @@
-// Profiles: named snapshots of all settings and of the view, kept in profile.cfg.
+// Profiles: how all settings and the view stood, kept under a name in profile.cfg.
 //
 // profile_file.h has the file's grammar; here a profile is written from the controls and set on
-// them. The keys of settings stand in the settings' own table and nowhere else. Nothing of the file
-// is cached but the list of profiles. What fails is left out: a file that can't be read has no
-// profiles, a value that its control doesn't take leaves the control as it was.
+// them. The keys of settings stand in the settings' own table and nowhere else. Every operation
+// reads the file; only the list of profiles is kept. What fails is left out: a file that can't be
+// read has no profiles, a value that its control doesn't take leaves the control as it was.
 #pragma once
 
 #include <cstdint>
@@ -29,7 +29,7 @@ struct ProfileWorld {
   FolderScan& scan;
   ListOperations& operations;
   StatusBar& status;
-  // The folder that stands for one that no profile names.
+  // The folder to show as long as none was shown.
   std::string home;
 };
 
@@ -54,7 +54,8 @@ class ProfileStore {
   // profile's former block goes. An empty name is the current profile's. False if the file couldn't
   // be written: it is then as it was.
   bool SaveProfile(std::int32_t id, std::string_view name);
-  void DeleteProfile(std::int32_t id);
+  // False as for a save. A profile that there isn't is none.
+  bool DeleteProfile(std::int32_t id);
   // Sets everything that a profile holds; one that isn't in the file stands for all defaults. `id`
   // is then the one found, 0 without one. `keepTab` leaves the page as it is.
   void LoadProfile(std::int32_t& id, bool keepTab = false);

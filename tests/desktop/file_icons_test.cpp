@@ -5,7 +5,10 @@
 #include <QTest>
 #include <QtWidgets>
 
+#include "desktop/contrast.h"
+#include "desktop/look.h"
 #include "desktop/packed_picture.h"
+#include "desktop/theme.h"
 #include "tests/desktop/window_fixture.h"
 #include "tests/support/engine_fixture.h"
 
@@ -139,10 +142,11 @@ TEST_F(FileIconsTest, PaintsThePictureAndTheTextInTheColourOfItsOutcome) {
   list.Row(5).rowText = std::string(40, 'n') + "<b>\n" + std::string(40, 'm');
   list.TellRows(1, 5);
   rows.model.Sync();
-  EXPECT_TRUE(Shows(0, text, Qt::black));
-  EXPECT_TRUE(Shows(1, text, Qt::blue));
-  EXPECT_TRUE(Shows(2, text, Qt::red));
-  EXPECT_TRUE(Shows(3, text, QColor(112, 122, 138)));
+  const Theme& theme = CurrentTheme();
+  EXPECT_TRUE(Shows(0, text, theme.text));
+  EXPECT_TRUE(Shows(1, text, LegibleShade(successInk, {theme.field})));
+  EXPECT_TRUE(Shows(2, text, LegibleShade(errorInk, {theme.field})));
+  EXPECT_TRUE(Shows(3, text, theme.badge));
   // The tip tells what the space doesn't, as it stands.
   const auto tip = [](const QString& plain) {
     return QLatin1String("<p style='white-space:pre-wrap'>") + plain + QLatin1String("</p>");

@@ -63,9 +63,9 @@ TEST_F(CommandsTest, EveryNumberDoesItsPart) {
     EXPECT_EQ(Run(row.number), row.does) << row.number;
   }
   EXPECT_EQ(Run(57665), "unload");
-  for (const int number : {0, 1, 114001, 499999, 500000})
+  for (const int number : {-1, 0, 1, 114001, 499999, 500000, 500099}) {
     EXPECT_EQ(Run(number), "repaint") << number;
-  EXPECT_EQ(Run(500099), "");
+  }
 }
 
 // The numbers that no control carries.
@@ -120,8 +120,16 @@ TEST_F(CommandsTest, ProfilesLoadByTheirPlaceInTheList) {
   EXPECT_TRUE(!array[0]->Visible() && array[1]->Visible() && array[2]->Caption() == "one");
   array[2]->Press();
   EXPECT_EQ(form.settings.Text_Prefix.Value(), "one");
-  form.profiles.DeleteProfile(1);
+  // A save puts its profile in front: what was selected stays selected.
+  form.ribbon.LoadProfile.Select(1);
+  form.profiles.SaveProfile(1, "two");
   form.profiles.LoadProfileList();
+  EXPECT_EQ(form.ribbon.LoadProfile.Index(), 2);
+  Run(114102);
+  EXPECT_EQ(form.settings.Text_Prefix.Value(), "two");
+  form.profiles.DeleteProfile(2);
+  form.profiles.LoadProfileList();
+  EXPECT_EQ(form.ribbon.LoadProfile.Index(), -1);
   EXPECT_FALSE(array[2]->Visible());
 }
 
@@ -163,6 +171,16 @@ TEST_F(CommandsTest, EverySurfaceCarriesCommands) {
   dialogs.answers.clear();
   Item("mnu_StartupTips").Press();
   EXPECT_TRUE(done.ends_with("tips"));
+  // At a start the flag decides.
+  for (const int shows : {0, 1}) {
+    data.Write("tallowbrook.cfg", "FirstRun=False\r\nAutoUpdate=False\r\nDisplayStartupTipsNew=" +
+                                      std::to_string(shows));
+    done.clear();
+    Form1 next{With(events)};
+    next.showTips = form.showTips;
+    next.Load();
+    EXPECT_EQ(done, shows ? "tips" : "");
+  }
 }
 
 }  // namespace

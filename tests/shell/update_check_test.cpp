@@ -84,7 +84,7 @@ TEST_F(UpdateCheckTest, WhatFailsIsToldAfterThreeSecondsToWhoAsked) {
       EXPECT_EQ(last, "2/20/2024 11:59:00 PM");
     }
   }
-  // What comes late finds nobody, and a second check has the rest of the first one's time.
+  // A second check has the rest of the first one's time.
   dialogs.asked.clear();
   check.CheckForUpdates(0);
   Ticks(10);

@@ -32,6 +32,9 @@ TEST(ProfileFile, BlocksAreFoundListedAndTakenOut) {
   EXPECT_EQ(CountProfiles(text), 4);
   EXPECT_EQ(AvailableProfileID(text), 2);
   EXPECT_EQ(AvailableProfileID(""), 1);
+  std::string full;
+  for (int id = 1; id <= 9999; ++id) full += "<<<Start Profile " + std::to_string(id) + ">>>";
+  EXPECT_EQ(AvailableProfileID(full), 0);
   EXPECT_EQ(GetVar(ProfileBlock(text, 1), "ProfileName=", ""), "first");
   EXPECT_EQ(ProfileBlock(text, 2), "");
   const std::vector<ProfileEntry> all = ListProfiles(text);
@@ -70,6 +73,8 @@ TEST(ProfileFile, WhatIsDamagedKeepsTheRest) {
   EXPECT_EQ(GetVar(ProfileBlock(cut, 2), "ProfileName=", ""), "two");
   EXPECT_EQ(WithoutProfile(cut, 1), Block(2, "two"));
   EXPECT_EQ(ListProfiles(cut).size(), 2U);
+  // Nor does a later block of the same profile take those between with it.
+  EXPECT_EQ(WithoutProfile(cut + Block(1, "again"), 1), Block(2, "two") + Block(1, "again"));
   EXPECT_TRUE(HasProfile("<<<START profile 5>>>", 5));
   for (std::size_t length = 0; length <= text.size(); ++length) {
     const std::string head = text.substr(0, length);

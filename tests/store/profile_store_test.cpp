@@ -30,8 +30,15 @@ class ProfileStoreTest : public testing::Test, protected TestWorld {
     return stored;
   }
 
+  World Faulty() {
+    World world = With(events);
+    return {faulty, world.clock, world.random, world.dialogs, world.events, world.desktop, world.thumbnails,
+            world.updateSocket, world.dateNames, world.folders, world.home};
+  }
+
   FakeEvents events;
-  Form1 form{With(events)};
+  FaultyFiles faulty{files};
+  Form1 form{Faulty()};
 };
 
 // A value that is not the present one, of whatever kind.
@@ -120,8 +127,9 @@ TEST_F(ProfileStoreTest, ListsPanelsAndTheViewComeBackToo) {
   EXPECT_TRUE(form.settings.Combo_Find.Items().empty());
   EXPECT_TRUE(form.settings.Option_Copy.On() && form.settings.Option_ChangeFileName.On());
   EXPECT_TRUE(form.pane.Option1_Files.On());
-  EXPECT_EQ(form.pane.Txt_Address.Value(), home.Path());
+  EXPECT_EQ(form.pane.Txt_Address.Value(), home.Path() + "sub/");
   EXPECT_EQ(form.ListView1.Caption(Column::Date), "Date Modified");
+  form.scan.SelectFolder(home.Path());
   Load(4);
   for (const char* list : {"Combo_Find", "Combo_Replace", "Combo_OriginalName"}) {
     EXPECT_EQ(dynamic_cast<History&>(Find(list)).Items(), (std::vector<std::string>{list, " é ", "x y"}));
@@ -132,6 +140,63 @@ TEST_F(ProfileStoreTest, ListsPanelsAndTheViewComeBackToo) {
   EXPECT_EQ(form.scan.LastScanFolder, home.Path() + "sub/");
   EXPECT_EQ(form.ListView1.Caption(Column::Date), "Date Created");
   EXPECT_EQ(form.statusBar.Pane(0), "Current Profile: all");
+}
+
+TEST_F(ProfileStoreTest, StyleThumbnailsAndOddFoldersComeBackAndAPageMayStay) {
+  home.Write("photo.jpg", "1");
+  home.MakeFolder("blank ");
+  home.MakeFolder("two\nlines");
+  home.MakeFolder("two");
+  form.scan.SelectFolder(home.Path() + "blank ");
+  form.scan.SetThumbnailMode(true);
+  form.ApplyStyle("/styles/Office2007Aqua.dll");
+  form.settings.TabIndex.Select(PageTags);
+  form.profiles.SaveProfile(1, "one");
+  form.scan.SelectFolder(home.Path() + "two\nlines");
+  form.profiles.SaveProfile(2, "two lines");
+  Load(-1);
+  EXPECT_FALSE(form.scan.ThumbnailMode || form.pane.Check_Thumbnails.On());
+  form.scan.SelectFolder(home.Path());
+  EXPECT_EQ(form.ListView1.Count(), 2U);
+  std::int32_t id = 1;
+  form.profiles.LoadProfile(id, true);
+  EXPECT_EQ(form.CurrentStyle, "/styles/Office2007Aqua.dll");
+  EXPECT_TRUE(form.scan.ThumbnailMode && form.pane.Check_Thumbnails.On());
+  EXPECT_EQ(WithSlash(form.scan.LastScanFolder), home.Path() + "blank /");
+  EXPECT_EQ(form.settings.TabIndex.Index(), PageProperties);
+  form.scan.SelectFolder(home.Path());
+  EXPECT_EQ(form.ListView1.Count(), 1U);
+  Load(2);
+  EXPECT_EQ(WithSlash(form.scan.LastScanFolder), home.Path());
+}
+
+// Whoever closes the window while a profile's folder is being listed finds the profile at the next
+// start, and not a half of it.
+TEST_F(ProfileStoreTest, AnEndDuringALoadKeepsTheProfileAsAWhole) {
+  for (int i = 0; i < 20; ++i) home.Write("n" + std::to_string(i), "");
+  form.settings.Text_Suffix.Set("suffix");
+  form.settings.Option_Move.Choose();
+  form.profiles.SaveProfile(1, "one");
+  Load(-1);
+  events.atYield[events.yields + 1] = [this] { form.ExitProgram(); };
+  Load(1);
+  EXPECT_TRUE(form.ExitDone);
+  Form1 next{With(events)};
+  next.Load();
+  EXPECT_EQ(next.settings.Text_Suffix.Value(), "suffix");
+  EXPECT_TRUE(next.settings.Option_Move.On());
+  EXPECT_EQ(next.profiles.Current().name, "one");
+  EXPECT_EQ(next.profiles.Current().id, 0);
+}
+
+// Random letters are asked about where a user chooses them, not while a profile is loaded.
+TEST_F(ProfileStoreTest, ALoadAsksNothing) {
+  form.settings.Combo_Unique.Select(UniqueLetters);
+  form.profiles.SaveProfile(1, "letters");
+  form.settings.Combo_Unique.Select(UniqueNumbers);
+  form.settings.Combo_Direction.Select(DirectionRandom);
+  Load(1);
+  EXPECT_EQ(form.settings.Combo_Unique.Index(), UniqueLetters);
 }
 
 TEST_F(ProfileStoreTest, AProfileThatIsNotThereStandsForTheDefaults) {
@@ -154,7 +219,7 @@ TEST_F(ProfileStoreTest, ValuesThatAreNoneLeaveTheirControls) {
   const struct { const char *key, *value, *name, *result; } rows[] = {
       {"Combo_Original=", "99", "Combo_Original", "0"}, {"Combo_Direction=", "-2", "Combo_Direction", "0"},
       {"Check_Prefix=", "2", "Check_Prefix", "0"}, {"Check_Suffix=", "one", "Check_Suffix", "0"},
-      {"TabIndex=", "5", "TabIndex", "0"}, {"TransferMethod=", "70000", "TransferMethod", "0"},
+      {"TabIndex=", "5", "TabIndex", "0"}, {"TabIndex=", "-1", "TabIndex", "0"}, {"TransferMethod=", "70000", "TransferMethod", "0"},
       {"Combo_AdvancedDate4=", "9999999999", "Combo_AdvancedDate4", "01"}, {"Text_Seperator=", "  ", "Text_Seperator", "-"},
       {"DTPicker_AdvancedDate=", "31/31/2011", "DTPicker_AdvancedDate", "9/11/2005"},
       {"LastDirectory=", "/no/such/folder", "Txt_Address", nullptr}, {"LastDirectory=", "relative", "Txt_Address", nullptr},
@@ -200,10 +265,23 @@ TEST_F(ProfileStoreTest, SavingTwiceLeavesOneBlockInFrontAndAFullDiskTheOldFile)
   EXPECT_FALSE(form.profiles.ProfileExists(2));
   EXPECT_EQ(form.profiles.AvailableProfileID(), 2);
   form.profiles.DeleteProfile(9);
-  form.profiles.SetPath(data.Path() + "no folder/profile.cfg");
-  EXPECT_FALSE(form.profiles.SaveProfile(1, "x"));
-  form.profiles.DeleteProfile(1);
-  Load(1);
+  const std::string before = Config("profile.cfg");
+  faulty.FailPath(FileCall::Rewrite, data.Path() + "profile.cfg", FileError::NoSpace);
+  EXPECT_FALSE(form.profiles.SaveProfile(1, "x") || form.profiles.DeleteProfile(1));
+  dialogs.answers = {Answer::Ok, Answer::Ok, Answer::Yes, Answer::Ok};
+  form.showSaveProfile = [](SaveProfileDialog& dialog) { dialog.Command_Save.Press(); };
+  form.OpenSaveProfileDialog();
+  form.SaveCurrentProfile();
+  form.showManageProfiles = [](ManageProfiles& dialog) {
+    dialog.Cmd_Delete.Press();
+    EXPECT_EQ(dialog.StatusBar1.Pane(0), "");
+  };
+  form.OpenManageProfiles();
+  std::string told;
+  for (const MessageBox& box : dialogs.asked) told += box.text + "\n";
+  EXPECT_EQ(told, "The profile could not be saved\nThe profile could not be saved\n"
+                  "Are you sure you want to delete the profile ''?\nThe profile could not be deleted\n");
+  EXPECT_EQ(Config("profile.cfg"), before);
 }
 
 TEST_F(ProfileStoreTest, TheConfigurationOutlivesTheProgram) {
@@ -236,6 +314,22 @@ TEST_F(ProfileStoreTest, TheConfigurationOutlivesTheProgram) {
   data.Write("tallowbrook.cfg", text.replace(text.find("False"), 5, "True"));
   restored.Load();
   EXPECT_EQ(restored.settings.Text_Prefix.Value(), "kept");
+}
+
+// A value that has another form than its line's is the default, and so is all of a missing file.
+TEST_F(ProfileStoreTest, OddConfigurationsAreDefaults) {
+  form.settings.Text_Prefix.Set("last");
+  form.ExitProgram();
+  for (const char* text : {"", "FirstRun=maybe\nWindowHeight=x\nWindowTop=99999999999\nLoadSavedSettings=7\nWindowLeft=-3"}) {
+    data.Write("tallowbrook.cfg", text);
+    dialogs.answers = {Answer::Yes, Answer::Ok};
+    Form1 next{With(events)};
+    next.Load();
+    EXPECT_TRUE(dialogs.answers.empty() && next.LoadSavedSettings && next.AutoUpdate);
+    EXPECT_EQ(next.WindowHeight, 11100);
+    EXPECT_TRUE(next.WindowTop == 1 && next.WindowLeft == 1);
+    EXPECT_EQ(next.settings.Text_Prefix.Value(), "last");
+  }
 }
 
 // Any head of the two files, and bytes that are none of ours.
