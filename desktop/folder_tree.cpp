@@ -89,6 +89,10 @@ void FolderTree::selectionChanged(const QItemSelection& selected,
 
 // A scan lets events through: it must not begin inside this view's own event.
 void FolderTree::Report(const std::string& path) {
+  if (reportsAtOnce) {
+    if (folderSelected) folderSelected(path);
+    return;
+  }
   QTimer::singleShot(0, this, [this, path] {
     if (folderSelected) folderSelected(path);
   });

@@ -18,6 +18,8 @@ class FolderTree : public QTreeView {
 
   // The path without "/" at its end, but "/" itself.
   std::function<void(const std::string& path)> folderSelected;
+  // Hands a selection on within its event, for a listener that lets no events through.
+  bool reportsAtOnce = false;
 
   // Opens the levels above the folder and selects it; without such a folder nothing is selected.
   void ShowFolder(std::string_view path);
