@@ -3,7 +3,20 @@
 #include <QCoreApplication>
 #include <algorithm>
 
+#include "shell/commands.h"
+
 namespace tallowbrook {
+
+namespace {
+
+// Commands without a cell of their own, and whose cell stands for them.
+constexpr std::pair<int, int> standIns[] = {
+    {commandSaveProfile, 4008},
+    {commandSaveProfileAs, 4009},
+    {commandExit, 57609},
+};
+
+}  // namespace
 
 IconStrip::IconStrip(const QString& path, std::span<const int> numbers)
     : numbers_(numbers),
@@ -29,7 +42,9 @@ QIcon CommandIcon(int number) {
   const QString images = QCoreApplication::applicationDirPath() + QLatin1String("/res/");
   static const IconStrip strip(images + QLatin1String("SystemMenuLarge"), stripNumbers);
   static const IconStrip system(images + QLatin1String("tb_icon_small"), {&systemIconNumber, 1});
-  return (number == systemIconNumber ? system : strip).Icon(number);
+  if (number == systemIconNumber) return system.Icon(number);
+  const auto* standIn = std::ranges::find(standIns, number, &std::pair<int, int>::first);
+  return strip.Icon(standIn == std::end(standIns) ? number : standIn->second);
 }
 
 }  // namespace tallowbrook

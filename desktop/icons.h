@@ -31,7 +31,8 @@ class IconStrip {
   QImage images_[2];  // by the pixels a point, from 1
 };
 
-// The image of a command; null for one that has none, or where the program's images are missing.
+// The image of a command, of its own or one that stands for it; null for one that has none, or
+// where the program's images are missing.
 QIcon CommandIcon(int number);
 
 }  // namespace tallowbrook

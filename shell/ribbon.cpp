@@ -57,11 +57,6 @@ constexpr RibbonTab tabs[] = {
     {"&Help", helpGroups},
 };
 
-constexpr int iconStrip[] = {
-    4008,   4009,   4010,   57604,  4011,   57606,  57609,  1230,   1235,   1233,   1231,   1234,
-    113002, 114201, 112011, 112012, 112002, 112003, 112004, 150003, 111003, 111004, 120000, 150050,
-};
-
 }  // namespace
 
 const RibbonLayout& Layout() {
@@ -77,10 +72,6 @@ const RibbonLayout& Layout() {
       .right = {Kind::Button, commandAbout, "&About"},
   };
   return layout;
-}
-
-std::span<const int> IconStrip() {
-  return iconStrip;
 }
 
 Ribbon::Ribbon(Screen& screen)

@@ -51,9 +51,6 @@ struct RibbonLayout {
 
 const RibbonLayout& Layout();
 
-// The numbers whose icons stand in the strip of images, from left to right.
-std::span<const int> IconStrip();
-
 struct Ribbon {
   explicit Ribbon(Screen& screen);
 

@@ -150,7 +150,6 @@ TEST_F(CommandsTest, EverySurfaceCarriesCommands) {
     ASSERT_NE(FindCommand(item.number), nullptr) << item.caption;
     EXPECT_NE(FindCommand(item.number)->tip, "") << item.caption;
   }
-  EXPECT_EQ(IconStrip().size(), 24U);
   data.Write("startuptips.txt", "~a tip");
   form.Load();
   for (const ClassicItem& item : ClassicMenus::Items()) {
