@@ -33,9 +33,7 @@ QWidget* MakeCopyMovePanel(Form1& form, Binder& binder, QWidget* parent) {
   auto* head = new QHBoxLayout;
   head->addWidget(binder.AddCaption(pages.Lbl_MoveTo, target));
   head->addStretch();
-  if (pages.BrowseMoveTo.styled.rule) {
-    head->addWidget(binder.Add(pages.BrowseMoveTo.styled, panel, 'w'));
-  }
+  head->addWidget(binder.Add(pages.BrowseMoveTo.styled, panel, 'w'));
   column->addWidget(enable);
   column->addLayout(method);
   column->addLayout(head);

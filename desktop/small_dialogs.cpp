@@ -36,7 +36,7 @@ ManualRenameDialog::ManualRenameDialog(ManualRename& model, QWidget* over)
 OptionsDialog::OptionsDialog(Options& model, QWidget* over)
     : ModelDialog(model.screen, model.close, "frmOptions", Options::caption, over, optionsOffset) {
   const auto addFrame = [this](Frame& frame) {
-    auto* box = new QGroupBox(this);
+    auto* box = new QGroupBox(WithAccessKey(frame.Caption(), 0), this);
     Bind().BindPanel(frame, box);
     Body()->addWidget(box);
     auto* column = new QVBoxLayout(box);
@@ -56,7 +56,8 @@ OptionsDialog::OptionsDialog(Options& model, QWidget* over)
 }
 
 BrowseDialog::BrowseDialog(Browse& model, Files& files, const std::string& home, QWidget* over)
-    : ModelDialog(model.screen, model.close, "frmBrowse", Browse::caption, over, windowOffset) {
+    : ModelDialog(model.screen, model.close, "frmBrowse", Browse::caption, over, windowOffset),
+      model_(model) {
   auto* tree = new FolderTree(files, home, "My Computer", this);
   Body()->addWidget(tree, 1);
   auto* selected = new ElidedLabel(this);
@@ -64,12 +65,17 @@ BrowseDialog::BrowseDialog(Browse& model, Files& files, const std::string& home,
   Body()->addWidget(selected);
   const auto show = [&model, selected] { selected->ShowText(model.statusBar.Pane(0)); };
   tree->folderSelected = [&model](const std::string& path) { model.FolderTreeview1.Set(path); };
-  Bind().Watch(model.FolderTreeview1, show);
+  // The pane follows by the folder's rule, which runs behind what watches the folder.
+  model.statusBar.changed = [show](std::size_t) { show(); };
   AddButtons({{&model.Command_Save, 'o'}, {&model.Command_Done, 'c'}});
   tree->ShowFolder(model.FolderTreeview1.Value());
   tree->setFocus();
   resize(420, 480);
   show();
+}
+
+BrowseDialog::~BrowseDialog() {
+  model_.statusBar.changed = nullptr;
 }
 
 AboutDialog::AboutDialog(About& model, QWidget* over)

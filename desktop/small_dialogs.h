@@ -24,6 +24,10 @@ class BrowseDialog : public ModelDialog {
  public:
   // `files` and `home` are what the tree shows.
   BrowseDialog(Browse& model, Files& files, const std::string& home, QWidget* over);
+  ~BrowseDialog() override;
+
+ private:
+  Browse& model_;
 };
 
 class AboutDialog : public ModelDialog {

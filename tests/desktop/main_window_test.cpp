@@ -3,7 +3,6 @@
 
 #include <set>
 
-#include "desktop/dialogs.h"
 #include "desktop/folder_tree.h"
 #include "shell/commands.h"
 #include "tests/desktop/window_fixture.h"
@@ -181,18 +180,6 @@ TEST_F(MainWindowTest, ClosingDuringAScanWaitsForItsEnd) {
   EXPECT_LT(form.ListView1.Count(), 30U);
   Settle();
   EXPECT_FALSE(window.isVisible());
-}
-
-TEST_F(MainWindowTest, BoxesShowPlainText) {
-  WindowDialogs boxes;
-  boxes.SetParent(&window);
-  QTimer::singleShot(0, [&] {
-    auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
-    EXPECT_EQ(box->text(), QStringLiteral("<b>a</b>\nb\uFFFD"));
-    EXPECT_EQ(box->textFormat(), Qt::PlainText);
-    QTest::keyClick(box, Qt::Key_Escape);
-  });
-  EXPECT_EQ(boxes.Ask({"Title", "<b>a</b>\r\nb\x06", Buttons::YesNo}), Answer::No);
 }
 
 }  // namespace tallowbrook
