@@ -2,6 +2,7 @@
 
 #include <QCheckBox>
 #include <QComboBox>
+#include <QHeaderView>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
@@ -91,6 +92,8 @@ QWidget* ListArea::MakeList() {
   views_ = new QStackedWidget(place);
   table_ = new FileTable(rows_, views_);
   views_->addWidget(table_);
+  constexpr int leastRows = 5;
+  views_->setMinimumHeight(table_->verticalHeader()->defaultSectionSize() * (leastRows + 2));
   auto* blank = new QFrame(place);
   blank->setObjectName(QStringLiteral("EmptyList"));
   blank->setFrameShape(QFrame::StyledPanel);
@@ -106,6 +109,7 @@ QWidget* ListArea::MakeList() {
 
 void ListArea::ShowList() {
   QWidget* view = View();
+  setFocusProxy(view);
   if (QWidget* before = views_->currentWidget(); before != view) {
     const bool hadFocus = before->hasFocus();
     views_->setCurrentWidget(view);

@@ -18,14 +18,40 @@ namespace {
 // Shapes that a palette can't say, "@" and a role standing for the role's colour. Everything else
 // is painted by the toolkit's style.
 constexpr char sheet[] = R"(
-QWidget#RibbonPlace { background: @ribbon; border-bottom: 1px solid @ribbonBorder; }
-QWidget#RibbonPlace QLabel#ProgramName { color: @ribbonTitle; font-weight: bold; font-size: 13pt; }
-QWidget#RibbonPlace QToolButton {
-  border: 1px solid transparent; border-radius: 4px; padding: 5px 10px; color: @ribbonText;
+QFrame#RibbonBar { background: @ribbon; border-bottom: 1px solid @ribbonBorder; }
+QFrame#RibbonBar > QStackedWidget { background: @ribbonPanel; border-top: 1px solid @ribbonBorder; }
+QFrame#RibbonBar QLabel { color: @ribbonText; }
+QFrame#RibbonGroup { border: 1px solid @ribbonBorder; border-radius: 4px; }
+QFrame#RibbonGroup QLabel#RibbonCaption { color: @ribbonCaption; }
+QFrame#RibbonBar QToolButton {
+  border: 1px solid transparent; border-radius: 4px; padding: 3px 6px; color: @ribbonText;
 }
-QWidget#RibbonPlace QToolButton:hover { background: @ribbonHover; border-color: @ribbonBorder; }
-QWidget#RibbonPlace QToolButton:pressed { background: @ribbonPressed; }
-QWidget#RibbonPlace QToolButton:focus { border-color: @focus; }
+QFrame#RibbonGroup QToolButton { padding: 2px 3px; }
+QFrame#RibbonBar QToolButton:hover { background: @ribbonHover; border-color: @ribbonBorder; }
+QFrame#RibbonBar QToolButton:pressed { background: @ribbonPressed; }
+QFrame#RibbonBar QToolButton:focus { border-color: @focus; }
+QFrame#RibbonBar QToolButton:disabled { color: @disabledText; }
+QFrame#RibbonBar QToolButton#SystemButton {
+  background: @accent; color: @accentText; border-color: @accentBorder; padding: 3px 10px;
+}
+QFrame#RibbonBar QToolButton#SystemButton:hover { background: @accentHover; }
+QFrame#RibbonBar QToolButton#SystemButton:pressed { background: @accentPressed; }
+QFrame#RibbonBar QToolButton#SystemButton:focus { border-color: @accentFocus; }
+QFrame#RibbonBar QToolButton#SystemButton::menu-indicator { image: none; }
+QFrame#RibbonBar QToolButton#StylesButton { padding-right: 18px; }
+QFrame#RibbonBar QToolButton#StylesButton::menu-indicator {
+  subcontrol-origin: padding; subcontrol-position: center right; right: 5px;
+}
+QTabBar#RibbonTabs { outline: none; }
+QTabBar#RibbonTabs::tab {
+  background: transparent; color: @ribbonText; border: 1px solid transparent; border-bottom: none;
+  padding: 4px 14px; margin: 0 1px;
+}
+QTabBar#RibbonTabs::tab:hover { background: @ribbonHover; }
+QTabBar#RibbonTabs::tab:selected {
+  background: @ribbonPanel; border-color: @ribbonBorder; border-top: 2px solid @accent;
+}
+QTabBar#RibbonTabs::tab:selected:focus { border: 1px solid @focus; border-top: 2px solid @focus; }
 
 QGroupBox {
   background: @card; border: 1px solid @border; border-radius: 5px;
@@ -34,6 +60,8 @@ QGroupBox {
 QGroupBox::title {
   subcontrol-origin: margin; subcontrol-position: top left; left: 2px; color: @caption;
 }
+QScrollArea#TipCard { background: @card; }
+QScrollArea#TipCard QLabel { background: @card; }
 QFrame#Card { background: @card; border: 1px solid @border; border-radius: 5px; }
 
 QTabWidget::pane { border: 1px solid @border; border-radius: 5px; top: -1px; background: @page; }
@@ -73,6 +101,12 @@ QPushButton#PushButton_Apply:focus { border: 2px solid @accentFocus; padding: 3p
 QPushButton#PushButton_Apply:disabled {
   background: @accentDisabled; border-color: @buttonDisabledBorder; color: @accentDisabledText;
 }
+QPushButton[link="true"] {
+  background: transparent; color: @link; border: 1px solid transparent; padding: 1px 0;
+  text-align: left; text-decoration: underline;
+}
+QPushButton[link="true"]:hover { color: @text; }
+QPushButton[link="true"]:focus { border-color: @focus; }
 *[alert="true"] { background: @alert; color: @alertText; }
 
 QToolTip { background: @tip; color: @tipText; border: 1px solid @border; padding: 2px; }

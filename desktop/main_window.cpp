@@ -19,9 +19,11 @@
 #include "desktop/look.h"
 #include "desktop/page_tabs.h"
 #include "desktop/profile_dialogs.h"
-#include "desktop/ribbon_place.h"
+#include "desktop/ribbon_bar.h"
+#include "desktop/ribbon_keys.h"
 #include "desktop/small_dialogs.h"
 #include "desktop/tag_editor_window.h"
+#include "desktop/theme.h"
 #include "desktop/tips_window.h"
 #include "desktop/window_keys.h"
 
@@ -42,7 +44,8 @@ MainWindow::MainWindow(Form1& form, Files& files, const std::string& home)
   auto* column = new QVBoxLayout(centre);
   column->setContentsMargins(0, 0, 0, 0);
   column->setSpacing(0);
-  column->addWidget(new RibbonPlace([this](int number) { form_.Dispatch(number); }, centre));
+  ribbon_ = new RibbonBar(form, binder_, centre);
+  column->addWidget(ribbon_);
 
   auto* body = new QVBoxLayout;
   body->setContentsMargins(margin, margin, margin, margin);
@@ -54,8 +57,11 @@ MainWindow::MainWindow(Form1& form, Files& files, const std::string& home)
   statusBar()->setSizeGripEnabled(false);
   status_ = std::make_unique<StatusPanes>(form.statusBar, *statusBar());
   new WindowKeys(form, *this);
+  // Behind the window's own keys, and so asked before them.
+  new RibbonKeys(*ribbon_, *this, [this] { return form_.scan.ScanInProgress; });
   WireForm();
   resize(firstSize);
+  list_->setFocus();
   splitter_->setSizes({static_cast<int>(firstSize.width() * firstTreeShare),
                        static_cast<int>(firstSize.width() * (1 - firstTreeShare))});
 }
@@ -75,6 +81,7 @@ MainWindow::~MainWindow() {
   form_.unload = nullptr;
   form_.repaint = nullptr;
   form_.heightChanged = nullptr;
+  form_.styleChanged = nullptr;
   form_.blinker.started = nullptr;
   form_.update.started = nullptr;
   // The regions hold references to the binder.
@@ -86,7 +93,8 @@ QWidget* MainWindow::MakeTop(Files& files, const std::string& home) {
   splitter_->setHandleWidth(margin);
   splitter_->setChildrenCollapsible(false);
   splitter_->addWidget(new FolderArea(form_, files, home, binder_, splitter_));
-  splitter_->addWidget(new ListArea(form_, binder_, splitter_));
+  list_ = new ListArea(form_, binder_, splitter_);
+  splitter_->addWidget(list_);
   splitter_->setStretchFactor(0, 0);
   splitter_->setStretchFactor(1, 1);
   splitter_->handle(1)->setObjectName(QStringLiteral("Picture2"));
@@ -123,10 +131,19 @@ void MainWindow::WireForm() {
   WireTimers();
   form_.unload = [this] { Unload(); };
   form_.repaint = [this] { update(); };
+  form_.styleChanged = [this] { ShowStyle(); };
   form_.heightChanged = [this] {
     const int height = form_.WindowHeight / twipsPerPixel;
     resize(width(), std::min(height, screen()->availableGeometry().height()));
   };
+}
+
+// Every loaded profile brings its style along, mostly the one on show.
+void MainWindow::ShowStyle() {
+  if (form_.CurrentStyle == shownStyle_) return;
+  shownStyle_ = form_.CurrentStyle;
+  const Theme theme = LoadTheme(files_, *shownStyle_);
+  if (theme != CurrentTheme()) ApplyTheme(theme);
 }
 
 void MainWindow::WireDialogs() {

@@ -3,6 +3,7 @@
 
 #include <QMainWindow>
 #include <memory>
+#include <optional>
 #include <string>
 
 #include "desktop/binder.h"
@@ -14,6 +15,8 @@ class QSplitter;
 namespace tallowbrook {
 
 class KeywordPickerWindow;
+class ListArea;
+class RibbonBar;
 class TipsWindow;
 
 class MainWindow : public QMainWindow {
@@ -35,6 +38,7 @@ class MainWindow : public QMainWindow {
   void WireForm();
   void WireDialogs();
   void WireTimers();
+  void ShowStyle();
   void KeepPlace();
   void Unload();
   // The tree has at least 15 percent of the window.
@@ -42,10 +46,13 @@ class MainWindow : public QMainWindow {
 
   Form1& form_;
   Binder binder_;
+  RibbonBar* ribbon_ = nullptr;
   QSplitter* splitter_ = nullptr;
+  ListArea* list_ = nullptr;
   std::unique_ptr<StatusPanes> status_;
   Files& files_;
   std::string home_;
+  std::optional<std::string> shownStyle_;  // its path
   // Once they were asked for.
   KeywordPickerWindow* picker_ = nullptr;
   TipsWindow* tips_ = nullptr;

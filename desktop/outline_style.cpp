@@ -63,6 +63,16 @@ void OutlineStyle::drawComplexControl(ComplexControl control, const QStyleOption
                [&] { QProxyStyle::drawComplexControl(control, option, painter, widget); });
 }
 
+QSize OutlineStyle::sizeFromContents(ContentsType type, const QStyleOption* option,
+                                     const QSize& contents, const QWidget* widget) const {
+  constexpr int room = 8;
+  const QSize size = QProxyStyle::sizeFromContents(type, option, contents, widget);
+  const auto* item = qstyleoption_cast<const QStyleOptionMenuItem*>(option);
+  const bool isCaption = item && item->menuItemType == QStyleOptionMenuItem::Separator &&
+                         !item->text.isEmpty() && type == CT_MenuItem;
+  return isCaption ? size + QSize(0, room) : size;
+}
+
 int OutlineStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
                             QStyleHintReturn* more) const {
   if (hint == SH_EtchDisabledText || hint == SH_DialogButtonBox_ButtonsHaveIcons) return 0;

@@ -17,6 +17,9 @@ class OutlineStyle : public QProxyStyle {
                    const QWidget* widget) const override;
   void drawComplexControl(ComplexControl control, const QStyleOptionComplex* option,
                           QPainter* painter, const QWidget* widget) const override;
+  // A caption between the items of a menu has room around it.
+  QSize sizeFromContents(ContentsType type, const QStyleOption* option, const QSize& contents,
+                         const QWidget* widget) const override;
   // What can't be used stands flat, since its light edge is made for light grounds. Buttons of
   // message boxes have no icons.
   int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,

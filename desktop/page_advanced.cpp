@@ -33,7 +33,7 @@ QGroupBox* MakeTypePanel(Form1& form, Binder& binder, QWidget* page) {
 
 QGroupBox* MakeMaskPanel(Form1& form, Binder& binder, QWidget* page) {
   Frame& frame = form.pages.Frame_Advanced;
-  auto* panel = KeepPlace(new QGroupBox(WithAccessKey(frame.Caption(), 'f'), page));
+  auto* panel = KeepPlace(new QGroupBox(WithAccessKey(frame.Caption(), 0), page));
   binder.BindPanel(frame, panel);
   auto* column = new QVBoxLayout(panel);
   column->setContentsMargins(margin, margin, margin, margin);

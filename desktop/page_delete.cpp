@@ -27,7 +27,7 @@ QWidget* MakeDeletePage(Form1& form, Binder& binder, QWidget* parent) {
   sentence->addWidget(position);
   sentence->addStretch();
   column->addLayout(sentence);
-  column->addWidget(binder.Add(s.Check_StartFromLast, card, 'f'));
+  column->addWidget(binder.Add(s.Check_StartFromLast, card, 'e'));
   column->addStretch();
   return page;
 }

@@ -30,7 +30,7 @@ PropertiesPage::PropertiesPage(Form1& form, Binder& binder, QWidget* parent)
   RenamePages& pages = form.pages;
   prefix_ = MakeTextPanel(pages.Frame_Prefix, 'r', s.Check_Prefix, s.Text_Prefix);
   filename_ = MakeFilenamePanel();
-  separator_ = MakeTextPanel(pages.Frame_Separator, 't', s.Check_Seperator, s.Text_Seperator);
+  separator_ = MakeTextPanel(pages.Frame_Separator, 0, s.Check_Seperator, s.Text_Seperator);
   unique_ = MakeUniquePanel();
   suffix_ = MakeTextPanel(pages.Frame_Suffix, 'u', s.Check_Suffix, s.Text_Suffix);
   extension_ = MakeExtensionPanel();
@@ -59,7 +59,7 @@ QGroupBox* PropertiesPage::MakeTextPanel(Frame& frame, char accessKey, Tick& inc
 }
 
 QGroupBox* PropertiesPage::MakeFilenamePanel() {
-  QGroupBox* panel = MakePanel(form_.pages.Frame_Filename, 'f');
+  QGroupBox* panel = MakePanel(form_.pages.Frame_Filename, 'e');
   panel->setAcceptDrops(true);
   panel->installEventFilter(this);
   auto* column = static_cast<QVBoxLayout*>(panel->layout());
@@ -75,7 +75,7 @@ QGroupBox* PropertiesPage::MakeFilenamePanel() {
 }
 
 QGroupBox* PropertiesPage::MakeExtensionPanel() {
-  QGroupBox* panel = MakePanel(form_.pages.Frame_Extension, 'e');
+  QGroupBox* panel = MakePanel(form_.pages.Frame_Extension, 't');
   auto* column = static_cast<QVBoxLayout*>(panel->layout());
   column->addWidget(binder_.Add(form_.settings.Check_Extension, panel));
   column->addWidget(binder_.Add(form_.settings.Combo_Extension, panel));

@@ -26,7 +26,7 @@ QLayout* MakeFields(Form1& form, Binder& binder, QWidget* page) {
     box->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     box->setMinimumContentsLength(24);
   }
-  grid->addWidget(binder.AddCaption(s.Combo_Find, find, 'f'), 0, 0);
+  grid->addWidget(binder.AddCaption(s.Combo_Find, find), 0, 0);
   grid->addWidget(find, 0, 1, 1, 3);
   grid->addWidget(binder.AddCaption(s.Combo_Replace, replace, 'r'), 1, 0);
   grid->addWidget(replace, 1, 1, 1, 3);

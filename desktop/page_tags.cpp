@@ -17,7 +17,7 @@ QWidget* MakeTagsPage(Form1& form, Binder& binder, QWidget* parent) {
   auto* page = new QWidget(parent);
   auto* outer = new QVBoxLayout(page);
   outer->setContentsMargins(margin, spacing, margin, margin);
-  auto* panel = new QGroupBox(WithAccessKey(form.pages.Frame_ID3.Caption(), 'f'), page);
+  auto* panel = new QGroupBox(WithAccessKey(form.pages.Frame_ID3.Caption(), 'e'), page);
   binder.BindPanel(form.pages.Frame_ID3, panel);
   outer->addWidget(panel);
   auto* column = new QVBoxLayout(panel);

@@ -87,6 +87,7 @@ std::span<const ThemeRole> ThemeRoles() {
       {"badge", &T::badge, 0x454b54, Ground, {}},
       {"alert", &T::alert, 0xffe94a, Ground, {}},
       {"ribbon", &T::ribbon, 0x141619, Ground, {}},
+      {"ribbonPanel", &T::ribbonPanel, 0x24272c, Ground, {}},
       {"ribbonHover", &T::ribbonHover, 0x2a2e34, Ground, {}},
       {"ribbonPressed", &T::ribbonPressed, 0x363b42, Ground, {}},
       // Texts.
@@ -95,7 +96,7 @@ std::span<const ThemeRole> ThemeRoles() {
       {"mutedText", &T::mutedText, 0xa5adb7, Text, {&T::window, &T::field, &T::fixedField, &T::card,
         &T::page}},
       {"disabledText", &T::disabledText, 0x6d757f, Faint, {&T::window, &T::field, &T::fixedField, &T::card,
-        &T::page, &T::buttonDisabled, &T::ribbon}},
+        &T::page, &T::buttonDisabled, &T::ribbonPanel}},
       {"caption", &T::caption, 0xa9c8ea, Text, {&T::window, &T::page, &T::card}},
       {"headerText", &T::headerText, 0xc5cdd6, Text, {&T::header, &T::headerHover}},
       {"tabText", &T::tabText, 0xa9b1bb, Text, {&T::tab, &T::tabHover}},
@@ -107,8 +108,9 @@ std::span<const ThemeRole> ThemeRoles() {
       {"tipText", &T::tipText, 0xe4e7eb, Text, {&T::tip}},
       {"badgeText", &T::badgeText, 0xe0e0e0, Text, {&T::badge}},
       {"alertText", &T::alertText, 0x1a1a1a, Text, {&T::alert}},
-      {"ribbonTitle", &T::ribbonTitle, 0xa9c8ea, Text, {&T::ribbon}},
-      {"ribbonText", &T::ribbonText, 0xd5dae0, Text, {&T::ribbon, &T::ribbonHover, &T::ribbonPressed}},
+      {"ribbonText", &T::ribbonText, 0xd5dae0, Text, {&T::ribbon, &T::ribbonPanel, &T::ribbonHover,
+        &T::ribbonPressed}},
+      {"ribbonCaption", &T::ribbonCaption, 0xa9b1bb, Text, {&T::ribbonPanel}},
       {"link", &T::link, 0x7fb8f2, Text, {&T::window, &T::field, &T::card, &T::page}},
       // Lines.
       {"border", &T::border, 0x3a4048, Line, {}},

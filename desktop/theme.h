@@ -20,6 +20,7 @@ class Files;
 struct Theme {
   // The built-in style.
   Theme();
+  bool operator==(const Theme&) const = default;
 
   // Grounds.
   QColor window;        // behind everything
@@ -46,7 +47,8 @@ struct Theme {
   QColor tip;           // tool tips
   QColor badge;         // behind a text that says why a row was left alone
   QColor alert;         // a control that blinks
-  QColor ribbon;        // the strip on top of the window
+  QColor ribbon;        // the row of tabs on top of the window
+  QColor ribbonPanel;   // the tab in front, and its groups
   QColor ribbonHover;
   QColor ribbonPressed;
   // Texts.
@@ -64,8 +66,8 @@ struct Theme {
   QColor tipText;
   QColor badgeText;
   QColor alertText;
-  QColor ribbonTitle;
   QColor ribbonText;
+  QColor ribbonCaption;  // below a group
   QColor link;
   // Lines.
   QColor border;

@@ -112,6 +112,7 @@ TEST_F(MainWindowTest, EachPageShowsItsFieldsTheProgramFollowsAndCommandsRun) {
   EXPECT_TRUE(Get("Combo_Find").isVisible());
   form.settings.Text_UniqueMask.Set("00");
   Get<QAbstractButton>(("Command" + std::to_string(commandReset)).c_str()).click();
+  Settle();
   EXPECT_EQ(Get<QLineEdit>("Text_UniqueMask").text(), QStringLiteral("0000"));
 }
 
@@ -124,6 +125,7 @@ TEST_F(MainWindowTest, NothingIsCutOffAndAccessKeysDontCollide) {
     EXPECT_TRUE(window.width() <= 1280 && window.height() <= 800);
     for (int page = 0; page < 5; ++page) {
       settings.TabIndex.Select(page);
+      Get<QTabBar>("RibbonTabs").setCurrentIndex(page % 4);
       for (Option* type : {&settings.Option_ChangeFileName, &settings.Option_ChangeFileDate}) {
         type->Choose();
         Settle();
