@@ -1,4 +1,6 @@
 // The program.
+#include <QSettings>
+
 #include "base/date.h"
 #include "desktop/application.h"
 #include "desktop/program.h"
@@ -10,5 +12,12 @@ int main(int argc, char** argv) {
   IgnoreWriteSignals();
   Application application(argc, argv);
   Program program({FindProgramFolders(), HomeFolder(), SystemDateNames()});
-  return program.Start() ? Application::exec() : 0;
+  if (!program.Start()) return 0;
+  // In a file of its own below the folder of the user's settings.
+  QSettings layout(QSettings::IniFormat, QSettings::UserScope, QStringLiteral("tallowbrook"),
+                   QStringLiteral("window"));
+  RestoreLayout(program.window.Parts(), layout);
+  const int result = Application::exec();
+  SaveLayout(program.window.Parts(), layout);
+  return result;
 }

@@ -3,10 +3,12 @@
 #include <QCloseEvent>
 #include <QCoreApplication>
 #include <QGridLayout>
+#include <QHeaderView>
 #include <QPushButton>
 #include <QScreen>
 #include <QSplitter>
 #include <QStatusBar>
+#include <QTableView>
 #include <QTimer>
 #include <QVBoxLayout>
 #include <cmath>
@@ -86,6 +88,11 @@ MainWindow::~MainWindow() {
   form_.update.started = nullptr;
   // The regions hold references to the binder.
   delete takeCentralWidget();
+}
+
+WindowParts MainWindow::Parts() const {
+  auto* table = list_->findChild<QTableView*>(QStringLiteral("ListView1"));
+  return {*splitter_, *table->horizontalHeader(), *ribbon_};
 }
 
 QWidget* MainWindow::MakeTop(Files& files, const std::string& home) {

@@ -8,6 +8,7 @@
 
 #include "desktop/binder.h"
 #include "desktop/status_panes.h"
+#include "desktop/window_layout.h"
 #include "shell/form1.h"
 
 class QSplitter;
@@ -16,7 +17,6 @@ namespace tallowbrook {
 
 class KeywordPickerWindow;
 class ListArea;
-class RibbonBar;
 class TipsWindow;
 
 class MainWindow : public QMainWindow {
@@ -24,6 +24,9 @@ class MainWindow : public QMainWindow {
   // `files` and `home` are what the folder tree shows. `form` must outlive the window.
   MainWindow(Form1& form, Files& files, const std::string& home);
   ~MainWindow() override;
+
+  // What a user arranges.
+  WindowParts Parts() const;
 
  protected:
   // Closing asks the program to end; it may want to stop a scan first.
