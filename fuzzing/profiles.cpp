@@ -14,6 +14,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   files.texts["/data/profile.cfg"] = {reinterpret_cast<const char*>(data), size};
   WholeProgram program(files);
   ProfileStore& profiles = program.form.profiles;
+  // The first start has saved the last state meanwhile.
+  profiles.LoadProfileList();
   Require(profiles.ProfileList().size() <= static_cast<std::size_t>(profiles.CountProfiles()) + 1);
   for (std::size_t i = 0; i < profiles.ProfileList().size() && i < 4; ++i) {
     program.form.Dispatch(profileCommands + static_cast<int>(i));

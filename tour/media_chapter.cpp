@@ -24,6 +24,7 @@ std::chrono::seconds FullSecond(std::int64_t nanoseconds) {
 void NameSongs(Steps& steps) {
   steps.TypeAddress(steps.samples.Music());
   steps.TurnToPage(5);
+  steps.hands.Click("Check_MP3Extension");
   steps.hands.Type("RTxt_ID3Name", QStringLiteral("<v1Track> <v1Artist> - <v2Title>"));
   steps.Rename("ID3v1 / ID3v2: ten songs from their tags");
   const std::vector<std::string> names = NamesIn(steps.folder);

@@ -20,6 +20,7 @@ void UpdateServer::Answer(QByteArray bytes, int delay) {
 
 void UpdateServer::Refuse(bool refuse) {
   if (refuse) return server_.close();
+  if (server_.isListening()) return;
   if (!server_.listen(QHostAddress::LocalHost, port_)) throw std::runtime_error("no port is free");
 }
 
