@@ -12,6 +12,7 @@
 #include <QTimer>
 #include <QVBoxLayout>
 #include <cmath>
+#include <utility>
 
 #include "desktop/copy_move.h"
 #include "desktop/folder_area.h"
@@ -63,6 +64,7 @@ MainWindow::MainWindow(Form1& form, Files& files, const std::string& home)
   new RibbonKeys(*ribbon_, *this, [this] { return form_.scan.ScanInProgress; });
   WireForm();
   resize(firstSize);
+  form_.WindowWidth = firstSize.width() * twipsPerPixel;
   list_->setFocus();
   splitter_->setSizes({static_cast<int>(firstSize.width() * firstTreeShare),
                        static_cast<int>(firstSize.width() * (1 - firstTreeShare))});
@@ -166,7 +168,8 @@ void MainWindow::WireDialogs() {
   form_.showBrowse = [this](Browse& model) { BrowseDialog(model, files_, home_, this).exec(); };
   form_.showTips = [this](StartupTips& model) {
     if (!tips_) tips_ = new TipsWindow(model, this);
-    tips_->Open();
+    tipsWait_ = !isVisible();
+    if (!tipsWait_) tips_->Open();
   };
   form_.showHistory = [this](LogHistory& model) { HistoryWindow(model, this).exec(); };
   form_.showTagEditor = [this](TagEditor& model) { TagEditorWindow(model, this).exec(); };
@@ -190,7 +193,10 @@ void MainWindow::WireTimers() {
     form_.update.Tick();
     if (!form_.update.UpdateAwaitingAnswer) timer2->stop();
   });
-  form_.update.started = [timer2] { timer2->start(); };
+  // One that runs goes on: a second check has the rest of the first one's time.
+  form_.update.started = [timer2] {
+    if (!timer2->isActive()) timer2->start();
+  };
 }
 
 // Nothing is deleted here: the code that asked for the end is still running.
@@ -207,6 +213,15 @@ void MainWindow::Unload() {
 void MainWindow::closeEvent(QCloseEvent* event) {
   if (!unloaded_) form_.ExitProgram();
   event->setAccepted(unloaded_);
+}
+
+// The tips that a start shows stand beside the window, once it stands somewhere.
+void MainWindow::showEvent(QShowEvent* event) {
+  QMainWindow::showEvent(event);
+  QTimer::singleShot(0, this, [this] {
+    KeepPlace();
+    if (std::exchange(tipsWait_, false)) tips_->Open();
+  });
 }
 
 void MainWindow::resizeEvent(QResizeEvent* event) {

@@ -32,6 +32,7 @@ class MainWindow : public QMainWindow {
   // Closing asks the program to end; it may want to stop a scan first.
   void closeEvent(QCloseEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
+  void showEvent(QShowEvent* event) override;
   void moveEvent(QMoveEvent* event) override;
 
  private:
@@ -59,6 +60,7 @@ class MainWindow : public QMainWindow {
   // Once they were asked for.
   KeywordPickerWindow* picker_ = nullptr;
   TipsWindow* tips_ = nullptr;
+  bool tipsWait_ = false;  // for the window to show
   bool unloaded_ = false;
 };
 

@@ -19,13 +19,21 @@ class ProfileModel : public RowModel {
  public:
   explicit ProfileModel(const ManageProfiles& profiles) : profiles_(profiles) {}
 
+  // Names may be the same, IDs aren't.
   int columnCount(const QModelIndex& parent = {}) const override {
-    return parent.isValid() ? 0 : 1;
+    return parent.isValid() ? 0 : 2;
   }
   QVariant data(const QModelIndex& index, int role) const override {
     const std::size_t number = NumberOf(index);
     if (!number || role != Qt::DisplayRole) return {};
-    return VisibleText(profiles_.Rows()[number - 1].name);
+    const ProfileEntry& profile = profiles_.Rows()[number - 1];
+    return index.column() == 0 ? VisibleText(profile.name) : QString::number(profile.id);
+  }
+  QVariant headerData(int section, Qt::Orientation orientation, int role) const override {
+    if (orientation != Qt::Horizontal) return {};
+    if (role == Qt::TextAlignmentRole) return static_cast<int>(Qt::AlignLeft | Qt::AlignVCenter);
+    if (role != Qt::DisplayRole) return {};
+    return section == 0 ? QStringLiteral("Profile Name") : QStringLiteral("ID");
   }
   void Reset() {
     NoteReset();
@@ -46,8 +54,8 @@ class ProfileTable : public RowTable {
     setObjectName(QStringLiteral("ListView1"));
     setModel(&model_);
     setSelectionMode(SingleSelection);
-    horizontalHeader()->hide();
-    horizontalHeader()->setStretchLastSection(true);
+    horizontalHeader()->setSectionResizeMode(0, QHeaderView::Stretch);
+    setColumnWidth(1, 10 * fontMetrics().averageCharWidth());
   }
   void Show() {
     if (showing_) return;

@@ -64,6 +64,7 @@ BrowseDialog::BrowseDialog(Browse& model, Files& files, const std::string& home,
   selected->setObjectName(QStringLiteral("StatusPane0"));
   Body()->addWidget(selected);
   const auto show = [&model, selected] { selected->ShowText(model.statusBar.Pane(0)); };
+  tree->reportsAtOnce = true;
   tree->folderSelected = [&model](const std::string& path) { model.FolderTreeview1.Set(path); };
   // The pane follows by the folder's rule, which runs behind what watches the folder.
   model.statusBar.changed = [show](std::size_t) { show(); };

@@ -88,6 +88,16 @@ QString VisibleText(std::string_view bytes) {
   return text;
 }
 
+QString VisibleLines(std::string_view bytes) {
+  QString lines;
+  for (std::string_view line : Split(bytes, '\n')) {
+    if (line.ends_with('\r')) line.remove_suffix(1);
+    lines += VisibleText(line) + QLatin1Char('\n');
+  }
+  lines.chop(1);
+  return lines;
+}
+
 QString PlainToolTip(const QString& text) {
   if (text.isEmpty()) return text;
   return QLatin1String("<p style='white-space:pre-wrap'>") + text.toHtmlEscaped() +

@@ -19,6 +19,8 @@ std::string ToBytes(QStringView text);
 // For reading only: tabs and line ends as arrows; other control characters, stray bytes and marks
 // that turn the writing direction as replacement characters. Every character keeps its place.
 QString VisibleText(std::string_view bytes);
+// The same for a text of several lines, whose line ends stay.
+QString VisibleLines(std::string_view bytes);
 // A tool tip that shows the text as it stands, whatever it looks like.
 QString PlainToolTip(const QString& text);
 

@@ -85,7 +85,7 @@ std::span<const ThemeRole> ThemeRoles() {
       {"rowHighlight", &T::rowHighlight, 0x27425e, Ground, {}},
       {"tip", &T::tip, 0x363b42, Ground, {}},
       {"badge", &T::badge, 0x454b54, Ground, {}},
-      {"alert", &T::alert, 0xffe94a, Ground, {}},
+      {"alert", &T::alert, 0xffff00, Ground, {}},
       {"ribbon", &T::ribbon, 0x141619, Ground, {}},
       {"ribbonPanel", &T::ribbonPanel, 0x24272c, Ground, {}},
       {"ribbonHover", &T::ribbonHover, 0x2a2e34, Ground, {}},
@@ -123,7 +123,7 @@ std::span<const ThemeRole> ThemeRoles() {
       {"accentFocus", &T::accentFocus, 0xcfe4fa, Line, {}},
       {"ribbonBorder", &T::ribbonBorder, 0x3a4048, Line, {}},
       {"splitterHover", &T::splitterHover, 0x3a4048, Line, {}},
-      {"splitterDragged", &T::splitterDragged, 0xe4e7eb, Line, {}},
+      {"splitterDragged", &T::splitterDragged, 0x000000, Line, {}},
   };
   // clang-format on
   static_assert(std::size(roles) * sizeof(QColor) == sizeof(Theme), "a role for each colour");

@@ -7,13 +7,19 @@
 #include <QScrollArea>
 
 #include "desktop/look.h"
+#include "desktop/text.h"
 
 namespace tallowbrook {
 
 TipsWindow::TipsWindow(StartupTips& model, QWidget* over)
     : ModelDialog(model.screen, model.close, "frmTips", StartupTips::caption, over, windowOffset) {
-  QLabel* tip = Bind().Add(model.Lbl_Tip, this);
+  auto* tip = new QLabel(this);
+  tip->setObjectName(ToText(model.Lbl_Tip.Name()));
+  tip->setTextFormat(Qt::PlainText);
   tip->setWordWrap(true);
+  const auto show = [tip, &model] { tip->setText(VisibleLines(model.Lbl_Tip.Caption())); };
+  Bind().Watch(model.Lbl_Tip, show);
+  show();
   tip->setAlignment(Qt::AlignTop | Qt::AlignLeft);
   tip->setMargin(margin);
   // A tip may be of any length.

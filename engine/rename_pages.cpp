@@ -200,6 +200,10 @@ void RenamePages::ShowTabPage(int index) {
   Frame1.SetVisible(index == PageProperties);
   Frame_Advanced.SetVisible(index == PageAdvanced);
   switch (index) {
+    case PageProperties:
+      // The sample shows what the page in front makes, and is seen on this one alone.
+      RefreshSampleFileName();
+      break;
     case PageDelete:
       screen_.RequestFocus(settings_.Combo_RemoveChars);
       break;
