@@ -3,35 +3,11 @@
 
 #include "bench/job.h"
 #include "shell/form1.h"
+#include "tests/support/silent_world.h"
 
 namespace tallowbrook::bench {
 
 inline constexpr int fileCount = 100'000;
-
-struct NoDialogs : Dialogs {
-  Answer Ask(const MessageBox&) override { return answer; }
-  Answer answer = Answer::No;
-};
-struct NoEvents : PendingEvents {
-  void Yield() override {}
-};
-struct NoDesktop : Desktop {
-  void Open(const std::string&) override {}
-  void OpenAddress(const std::string&) override {}
-  void ShowInFolder(const std::string&, const std::string&) override {}
-};
-
-struct NoThumbnails : ThumbnailSource {
-  std::optional<PackedBitmap> Extract(const std::string&, const FileFacts&, int, int) override {
-    return {};
-  }
-};
-struct NoNetwork : TcpClient {
-  void Connect(const std::string&, std::uint16_t) override {}
-  void Send(std::string_view) override {}
-  void Close() override {}
-  bool IsOpen() const override { return false; }
-};
 
 struct Program {
   std::string folder = NewFolder();

@@ -74,8 +74,8 @@ std::int64_t RandomNumberPool::Below(std::int64_t size) {
   return static_cast<std::int64_t>(std::floor(random_.Next() * static_cast<double>(size)));
 }
 
-// The draws go through all numbers of the range, in ascending order, of which only the entries that a
-// draw has moved are held: a drawn entry's place is taken by the last one.
+// The draws go through all numbers of the range, in ascending order, of which only the entries that
+// a draw has moved are held: a drawn entry's place is taken by the last one.
 std::optional<RandomNumberPool::Pool> RandomNumberPool::RandomNumbers(std::int32_t high,
                                                                       std::int32_t low,
                                                                       std::int64_t count) {

@@ -7,6 +7,7 @@
 
 #include "fuzzing/no_files.h"
 #include "shell/form1.h"
+#include "tests/support/silent_world.h"
 
 namespace tallowbrook {
 
@@ -56,34 +57,11 @@ class WholeProgram {
     void Reseed(double) override {}
     double Next() override { return 0; }
   };
-  struct Nobody : Dialogs {
-    Answer Ask(const MessageBox&) override { return Answer::No; }
-  };
-  struct NoEvents : PendingEvents {
-    void Yield() override {}
-  };
-  struct NoDesktop : Desktop {
-    void Open(const std::string&) override {}
-    void OpenAddress(const std::string&) override {}
-    void ShowInFolder(const std::string&, const std::string&) override {}
-  };
-  struct NoThumbnails : ThumbnailSource {
-    std::optional<PackedBitmap> Extract(const std::string&, const FileFacts&, int, int) override {
-      return {};
-    }
-  };
-  struct NoNetwork : TcpClient {
-    void Connect(const std::string&, std::uint16_t) override {}
-    void Send(std::string_view) override {}
-    void Close() override {}
-    bool IsOpen() const override { return false; }
-  };
-
   StoppedClock clock;
   NoChance random;
 
  private:
-  Nobody dialogs_;
+  NoDialogs dialogs_;
   NoEvents events_;
   NoDesktop desktop_;
   NoThumbnails thumbnails_;
