@@ -182,5 +182,54 @@ TEST_F(CommandsTest, EverySurfaceCarriesCommands) {
   }
 }
 
+// Each pair does one thing, and something.
+TEST_F(CommandsTest, TwinButtonsDoTheSame) {
+  // clang-format off
+  constexpr const char* pairs[][2] = {
+      {"Cmd_Apply", "PushButton_Apply"}, {"Cmd_Preview", "PushButton_Preview"}, {"Cmd_Undo", "PushButton_Undo"},
+      {"Cmd_Exit", "PushButton_Exit"}, {"Cmd_Filter", "PushButton_Filter"}, {"Cmd_ScanSub", "PushButton_ScanSub"},
+      {"Cmd_SelectAll", "PushButton_SelectAll"}, {"Cmd_SelectNone", "PushButton_SelectNone"},
+      {"Cmd_Invert", "PushButton_SelectInverse"}, {"Cmd_BrowseMoveTo", "PushButton_Browse"},
+      {"Cmd_InsertKeyword", "PushButton_InsertKeyword"}, {"Cmd_InsertKeyword1", "PushButton_InsertKeyword1"},
+      {"Cmd_EditID3", "PushButton_EditID3"}, {"Cmd_ClearComboBox", "PushButton_ClearComboBox"},
+      {"Cmd_ClearComboBoxName", "PushButton_ClearComboBoxName"},
+  };
+  // clang-format on
+  const auto press = [this](const char* name) {
+    TemporaryFolder folder;
+    folder.Write("a.txt", "1");
+    for (const char* other : {"b.txt", "c.txt"}) folder.Write(other, "2");
+    done.clear(), dialogs.asked.clear();
+    dialogs.answers = {Answer::Ok};
+    Form1 fresh{With(events)};
+    fresh.Load();
+    fresh.unload = form.unload, fresh.showHistory = form.showHistory;
+    fresh.showBrowse = [this](Browse&) { Note("browse"); };
+    fresh.showKeywordPicker = [this](KeywordPicker& picker) {
+      Note(picker.List1.Visible() ? "tags" : "keywords");
+    };
+    fresh.scan.SelectFolder(folder.Path());
+    fresh.ListView1.SetChecked(1, false);
+    for (History* list : {&fresh.settings.Combo_Find, &fresh.settings.Combo_OriginalName}) {
+      list->SetItems({"used"});
+    }
+    fresh.statusBar.Set(0, "");
+    if (*name) dynamic_cast<Button&>(*fresh.screen.Find(name)).Press();
+    for (const MessageBox& box : dialogs.asked) Note(box.text);
+    for (const std::string& file : folder.Names()) Note(file);
+    Note(fresh.statusBar.Pane(0));
+    Note(std::to_string(fresh.ListView1.CountCheckedFiles()));
+    Note(std::to_string(fresh.settings.Combo_Find.Items().size()));
+    Note(std::to_string(fresh.settings.Combo_OriginalName.Items().size()));
+    return done;
+  };
+  const std::string nothing = press("");
+  for (const auto& [classic, styled] : pairs) {
+    const std::string does = press(classic);
+    EXPECT_NE(does, nothing) << classic;
+    EXPECT_EQ(press(styled), does) << styled;
+  }
+}
+
 }  // namespace
 }  // namespace tallowbrook
