@@ -4,9 +4,12 @@
 #include <QIcon>
 #include <QLineEdit>
 #include <QPalette>
-#include <QRegularExpression>
 #include <QStyle>
 #include <QVBoxLayout>
+#include <algorithm>
+#include <cctype>
+#include <string_view>
+#include <unordered_map>
 
 #include "desktop/outline_style.h"
 #include "desktop/theme.h"
@@ -117,13 +120,23 @@ QSplitter::handle:hover { background: @splitterHover; }
 QSplitter::handle:pressed { background: @splitterDragged; }
 )";
 
+// Each "@role" of the sheet becomes its colour.
 QString SheetOf(const Theme& theme) {
-  QString filled = QLatin1String(sheet);
-  for (const ThemeRole& role : ThemeRoles()) {
-    const QRegularExpression place(QStringLiteral("@%1\\b").arg(QLatin1String(role.name)));
-    filled.replace(place, (theme.*role.colour).name());
+  std::unordered_map<std::string_view, const ThemeRole*> roles;
+  for (const ThemeRole& role : ThemeRoles()) roles.emplace(role.name, &role);
+  QString filled;
+  std::string_view rest = sheet;
+  for (std::size_t at; (at = rest.find('@')) != std::string_view::npos;) {
+    filled += QLatin1String(rest.data(), static_cast<qsizetype>(at));
+    rest.remove_prefix(at + 1);
+    const auto isLetter = [](char c) { return std::isalpha(static_cast<unsigned char>(c)); };
+    const auto length =
+        static_cast<std::size_t>(std::ranges::find_if_not(rest, isLetter) - rest.begin());
+    const auto found = roles.find(rest.substr(0, length));
+    if (found != roles.end()) filled += (theme.*found->second->colour).name();
+    rest.remove_prefix(length);
   }
-  return filled;
+  return filled + QLatin1String(rest.data(), static_cast<qsizetype>(rest.size()));
 }
 
 // The colours that bevels need follow from those of window and button.
@@ -196,7 +209,9 @@ void ShowAlert(QWidget& widget, bool on) {
 }
 
 QIcon ProgramIcon() {
-  return QIcon(QCoreApplication::applicationDirPath() + QLatin1String("/Images/tallowbrook.png"));
+  // As a picture: an icon of a file looks for plugins first.
+  return QIcon(
+      QPixmap(QCoreApplication::applicationDirPath() + QLatin1String("/Images/tallowbrook.png")));
 }
 
 QWidget* AddCard(QWidget* page) {
