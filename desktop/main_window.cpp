@@ -142,8 +142,9 @@ void MainWindow::WireForm() {
   form_.repaint = [this] { update(); };
   form_.styleChanged = [this] { ShowStyle(); };
   form_.heightChanged = [this] {
-    const int height = form_.WindowHeight / twipsPerPixel;
-    resize(width(), std::min(height, screen()->availableGeometry().height()));
+    constexpr int titleBar = 40;
+    const int room = screen()->availableGeometry().height() - titleBar;
+    resize(width(), std::min(form_.WindowHeight / twipsPerPixel, room));
   };
 }
 

@@ -235,7 +235,7 @@ QWidget* RibbonBar::MakeCurrentProfile(QWidget* parent) {
   auto* label = new ElidedLabel(parent);
   const Label& shown = form_.ribbon.CurrentProfile;
   label->setObjectName(ToText(shown.Name()));
-  label->setMinimumWidth(label->fontMetrics().averageCharWidth() * 30);
+  label->setMinimumWidth(label->fontMetrics().averageCharWidth() * 44);
   label->setContentsMargins(spacing, 0, spacing, 0);
   const auto show = [label, &shown] { label->ShowText(shown.Caption()); };
   binder_.Watch(shown, show);
@@ -271,6 +271,17 @@ void RibbonBar::FillProfiles() {
     systemMenu_->insertAction(behindProfiles_, action);
     profiles_.push_back(action);
   }
+  NameSavedProfile();
+}
+
+// The panel of the current profile follows the list of the ribbon alone: which profile a save would
+// replace, the button itself tells.
+void RibbonBar::NameSavedProfile() {
+  const ProfileEntry& current = form_.profiles.Current();
+  std::string description(TipOf(commandSaveProfile));
+  if (current.id > 0) description += " \"" + current.name + "\"";
+  auto* button = findChild<RibbonButton*>(NameOf(commandSaveProfile));
+  button->setToolTip(CommandToolTip(button->text(), description));
 }
 
 void RibbonBar::Run(int number) {

@@ -59,6 +59,7 @@ class RibbonBar : public QFrame {
   template <typename Shown>
   void FollowCommand(int number, Shown* shown);
   void FillProfiles();
+  void NameSavedProfile();
   void ShowMarks();
   void TurnTo(int tab);
   bool PressTabRowLetter(QChar letter);

@@ -322,7 +322,10 @@ void Form1::LoadSelectedProfile() {
 
 void Form1::SaveCurrentProfile() {
   const ProfileEntry current = profiles.Current();
-  if (profiles.SaveProfile(current.id, current.name)) {
+  const bool saved = profiles.SaveProfile(current.id, current.name);
+  // It stands in front now, and is there again if it was deleted meanwhile.
+  profiles.LoadProfileList();
+  if (saved) {
     world_.dialogs.Ask({"Profile Saved", "Profile " + current.name + " saved successfully"});
   } else {
     world_.dialogs.Ask({"Save Profile", "The profile could not be saved"});
