@@ -101,7 +101,7 @@ class FileList {
   // A click on a header: sorts by it; the order flips with every click on any header.
   void SortByColumn(Column column);
   bool SortsAscending() const { return ascending_; }
-  // Called before and after a bulk change: sorting is off in between, and done once at its end.
+  // Stops sorting while many rows come or change; the next call sorts once and goes on with it.
   void ToggleListSort();
 
   const std::string& Caption(Column column) const;

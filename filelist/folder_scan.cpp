@@ -100,10 +100,12 @@ void FolderScan::ListFolderEntries(const std::string& path) {
 
 // `listing` is null if the folder couldn't be opened.
 void FolderScan::ListOpened(const std::string& folder, const FolderListing* listing) {
-  if (ThumbnailMode) list_.SetVisible(false);
-  // A listing that is stopped or can't begin must not leave the list out of sight either.
-  const Finally end([this] {
-    if (ThumbnailMode) list_.SetVisible(true);
+  const bool isHidden = ThumbnailMode;
+  if (isHidden) list_.SetVisible(false);
+  // A listing that is stopped, can't begin, or ends in another mode must not leave the list out of
+  // sight either.
+  const Finally end([this, isHidden] {
+    if (isHidden) list_.SetVisible(true);
   });
   if (pane_.Option1_Files.On()) {
     // No name holds a "/": such a pattern can't be looked for.

@@ -43,8 +43,9 @@ class FolderScan {
   bool LastScanWasRecursive = false;
   bool ThumbnailMode = false;
   std::string LastScanFolder;
-  double FilesFound = 0;       // of this fill, whether or not they gave a row
-  double ThumbnailsFound = 0;  // of this fill, files that had a picture
+  // Of this fill: files looked at, also those that the view leaves out, and pictures.
+  double FilesFound = 0;
+  double ThumbnailsFound = 0;
   int ShowEXIFDateCreated = 1;
   int DateColumnMode = 0;  // 1: the list shows dates of creation, 0: of modification
 
@@ -89,7 +90,7 @@ class FolderScan {
   void ThumbnailsClicked();
   // Brings mode, box and view in line; nothing is listed or asked. Folders have no thumbnails.
   void SetThumbnailMode(bool on);
-  // The list's view follows ThumbnailMode.
+  // Shows pictures in the mode and the table without it; the table has no text at its check boxes.
   void ApplyListViewMode();
 
   // The window's keys. AddressKey is any key but Enter in Txt_Address.
