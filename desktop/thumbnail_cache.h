@@ -26,10 +26,19 @@ class ThumbnailCache {
   // that can't be written is left as it is.
   void Store(const std::string& path, const FileFacts& facts, const QImage& picture) const;
 
-  // Where the picture of a file lies; `size` is "normal" or "large".
-  std::string PlaceOf(const std::string& path, const char* size) const;
+  // Whether this program in this version couldn't make a picture of a file as it is now. Each
+  // program notes that for itself alone.
+  bool HasFailed(const std::string& path, const FileFacts& facts) const;
+  void StoreFailure(const std::string& path, const FileFacts& facts) const;
+
+  // Where the picture of a file lies; `kind` is "normal", "large" or `failures`.
+  std::string PlaceOf(const std::string& path, const char* kind) const;
+  static constexpr const char* failures = "fail/tallowbrook-" TALLOWBROOK_VERSION;
 
  private:
+  QImage FindIn(const char* kind, const std::string& path, const FileFacts& facts) const;
+  void StoreIn(const char* kind, const std::string& path, const FileFacts& facts,
+               const QImage& picture) const;
   QImage Read(const std::string& place) const;
   bool IsInside(const std::string& path) const;
 

@@ -22,7 +22,7 @@ class ThumbnailPictures : public ThumbnailSource {
                                       int height) override;
 
  private:
-  QImage Decode(const std::string& path, const std::optional<JpegHead>& head);
+  QImage Decode(const std::string& path, const FileFacts& facts, const JpegHead* head);
 
   Files& files_;
   ThumbnailCache cache_;

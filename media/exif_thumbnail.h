@@ -9,6 +9,7 @@
 #include <string>
 #include <string_view>
 
+#include "media/file_parts.h"
 #include "platform/files.h"
 
 namespace tallowbrook {
@@ -24,12 +25,21 @@ struct JpegHead {
   int orientation = 1;
   // A whole JPEG file; empty without one.
   std::string thumbnail;
+  // The file without what has no say in its pixels, such as texts, which decoders keep all of; the
+  // last part begins with the first scan. Since it holds nothing but segments that were looked at,
+  // a decoder can't take it for another picture. Empty if no scan was found.
+  FileParts pixels;
 };
 
-// Of the first 128 KiB, read through one open. Nothing for what can't be read or doesn't begin as
-// a JPEG file; what is broken further on is left out. Never throws for what a file holds.
+// Looks at segments as far back as they go, up to some thousands, through one open. Nothing for
+// what can't be read or doesn't begin as a JPEG file; what is broken further on is left out. Never
+// throws for what a file holds.
 std::optional<JpegHead> ReadJpegHead(Files& files, const std::string& path);
-// Of a JPEG file's first bytes.
+// Of a whole JPEG file.
 std::optional<JpegHead> ParseJpegHead(std::string_view bytes);
+
+// How many scans a file has from a place on, in which the first one begins; nothing if it can't be
+// read.
+std::optional<int> CountScans(RandomAccessFile& file, std::int64_t at);
 
 }  // namespace tallowbrook

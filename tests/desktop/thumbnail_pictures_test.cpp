@@ -9,8 +9,10 @@
 #include <QtGui>
 
 #include "desktop/packed_picture.h"
+#include "filelist/file_list.h"
 #include "tests/support/faulty_files.h"
 #include "tests/support/jpeg_bytes.h"
+#include "tests/support/peak_memory.h"
 #include "tests/support/temporary_folder.h"
 
 namespace tallowbrook {
@@ -49,6 +51,31 @@ std::string Photo(const std::string& whole, const std::string& small, int orient
          whole.substr(2);
 }
 
+// An icon file of several pictures, each the bytes of one, of a side of so many pixels.
+std::string Icon(const std::vector<std::pair<int, std::string>>& pictures, int type = 1) {
+  const auto little = [](std::size_t value, int size) {
+    return Bytes(ByteOrder::Little, static_cast<std::uint32_t>(value), size);
+  };
+  std::string directory =
+      little(0, 2) + little(static_cast<std::size_t>(type), 2) + little(pictures.size(), 2);
+  std::string data;
+  for (const auto& [side, bytes] : pictures) {
+    const std::size_t at = 6 + 16 * pictures.size() + data.size();
+    directory += std::string(2, static_cast<char>(side)) + little(0, 4) + little(32, 2) +
+                 little(bytes.size(), 4) + little(at, 4);
+    data += bytes;
+  }
+  return directory + data;
+}
+
+// Of a few hundred KB, and many times that when its texts are unpacked.
+std::string PngOfTexts() {
+  QImage picture = Quarters({64, 64}, "rgbw");
+  const QString text(7'000'000, QLatin1Char('x'));
+  for (int i = 0; i < 24; ++i) picture.setText(QString::number(i), text);
+  return Saved(picture, "PNG");
+}
+
 char Colour(const QImage& picture, double x, double y) {
   const QColor c = picture.pixelColor(int(picture.width() * x), int(picture.height() * y));
   const int code = (c.red() > 127) + 2 * (c.green() > 127) + 4 * (c.blue() > 127);
@@ -80,8 +107,9 @@ class ThumbnailPicturesTest : public testing::Test {
   }
   // Puts a picture into the cache as another program would.
   void Keep(const std::string& name, const char* size, const char* colours, std::int64_t time,
-            const QString& uri) {
-    QImage picture = Quarters({100, 50}, colours);
+            const QString& uri, QSize pixels = {100, 50}, const QString& fileSize = {}) {
+    QImage picture = Quarters(pixels, colours);
+    if (!fileSize.isEmpty()) picture.setText(QStringLiteral("Thumb::Size"), fileSize);
     picture.setText(QStringLiteral("Thumb::URI"), uri);
     picture.setText(QStringLiteral("Thumb::MTime"), QString::number(time));
     WritePrivateFile(places.PlaceOf(folder.Path(name), size), Saved(picture, "PNG"));
@@ -168,6 +196,17 @@ TEST_F(ThumbnailPicturesTest, TheCacheServesWhatIsOfThisFileAsItIsNow) {
     disk.Delete(normal);
     disk.Delete(large);
   }
+  const QString itsSize = QString::number(disk.Facts(folder.Path("p"))->size);
+  for (const auto& [pixels, fileSize, told] :
+       {std::tuple(QSize(256, 128), itsSize, "96x48 gggg"),
+        {QSize(257, 128), itsSize, "96x64 rrrr"},
+        {QSize(100, 50), QStringLiteral("1"), "96x64 rrrr"}}) {
+    Keep("p", "large", "gggg", 1'000'000'000, Uri("p"), pixels, fileSize);
+    EXPECT_EQ(Thumbnail("p"), told) << pixels.width();
+    disk.Delete(normal);
+  }
+  WritePrivateFile(large, "\x89PNG\r\n\x1A\n broken");
+  EXPECT_EQ(Thumbnail("p"), "96x64 rrrr");
   // What was made is kept for the next time, until the file changes; an upright picture stays so.
   folder.Write("p", Photo(Plain({1200, 800}, "rgbw"), "", 6));
   folder.SetTime("p", 1'000'000'000);
@@ -201,6 +240,20 @@ TEST_F(ThumbnailPicturesTest, StoresAsTheStandardSays) {
   EXPECT_EQ(Mode(cache.Path("thumbnails")), 0700);
   EXPECT_EQ(Mode(cache.Path("thumbnails/normal")), 0700);
   EXPECT_EQ(cache.Names("thumbnails/normal").size(), 1U);
+  // Other programs look for texts that aren't compressed.
+  const std::string longName(200, 'n');
+  folder.Write(longName, bytes);
+  Thumbnail(longName);
+  const std::string raw = *disk.ReadWhole(places.PlaceOf(folder.Path(longName), "normal"));
+  const std::string uri = Uri(longName).toStdString();
+  EXPECT_NE(raw.find("tEXtThumb::URI" + std::string(1, '\0') + uri), std::string::npos);
+  EXPECT_EQ(raw.find("zTXt"), std::string::npos);
+  EXPECT_EQ(QImage::fromData(QByteArray::fromStdString(raw)).text(QStringLiteral("Thumb::URI")),
+            Uri(longName));
+  disk.Delete(places.PlaceOf(folder.Path(longName), "normal"));
+  // One place for all ways to write a path.
+  folder.MakeFolder("sub");
+  EXPECT_EQ(places.PlaceOf(folder.Path("sub/..//./p"), "normal"), place);
   // A small picture isn't made larger; what lies in the cache, by whatever path, gets none of its
   // own; and a cache that is none is no error.
   ThumbnailOf(Plain({20, 10}, "rgbw"));
@@ -228,11 +281,29 @@ TEST_F(ThumbnailPicturesTest, KnowsPicturesByTheirBytesAndRefusesTheRest) {
   bitmap.replace(18, 8, std::string("\x30\x75\0\0\x30\x75\0\0", 8));
   std::string scans = Saved(Quarters({400, 200}, "rrrr"), "JPEG", true);
   EXPECT_EQ(ThumbnailOf(scans), "96x48 rrrr");
-  scans.replace(scans.find("\xFF\xC2") + 5, 4, "\x20\x00\x20\x00");
+  std::string manyScans = scans;  // 6,300 x 6,300 pixels, more often than can be waited for
+  manyScans.replace(manyScans.find("\xFF\xC2") + 5, 4, "\x18\x9C\x18\x9C");
+  for (int i = 0; i < 20; ++i) manyScans += "\xFF\xDA";
+  scans.replace(scans.find("\xFF\xC2") + 5, 4, std::string("\x20\0\x20\0", 4));
+  const std::string hidden =
+      "\xFF\xD8\xFF" + std::string("\0\0\x15", 3) + scans.substr(scans.find("\xFF\xC2"));
+  const std::string bigPixmap = Saved(quarters, "PPM").replace(0, 11, "P6\t200 100 ");
+  const std::string red = Saved(Quarters({16, 16}, "rrrr"), "PNG");
+  const std::string green = Saved(Quarters({64, 64}, "gggg"), "PNG");
+  const std::string redIcon = Saved(Quarters({16, 16}, "rrrr"), "ICO").substr(22);
+  const std::string greenIcon = Saved(Quarters({64, 64}, "gggg"), "ICO").substr(22);
+  const std::string dot =
+      QByteArray::fromHex("47494638396101000100800000ffffff0000002c00000000010001000002024401003b")
+          .toStdString();
   // clang-format off
   const std::pair<std::string, const char*> rows[] = {
       {png, "96x48 rgbw"}, {Saved(quarters, "BMP"), "96x48 rgbw"}, {Saved(quarters, "PPM"), "96x48 rgbw"},
       {Saved(clear, "PNG"), "96x48 rgbw"}, {Plain({1, 1000}, "rrrr"), "1x96 rrrr"},
+      {bigPixmap, "96x48 rgbw"}, {dot, "1x1 wwww"}, {Saved(quarters, "XPM"), "96x48 rgbw"},
+      {Icon({{16, red}, {64, green}}), "64x64 gggg"}, {Icon({{64, green}, {16, red}}), "64x64 gggg"},
+      {Icon({{16, redIcon}, {64, greenIcon}}), "64x64 gggg"}, {Icon({{64, greenIcon}, {16, red}}, 2), "64x64 gggg"},
+      {Icon({}), "none"}, {Icon({{16, "no"}}), "none"}, {Icon({{16, red}}).substr(0, 20), "none"},
+      {hidden, "none"}, {manyScans, "none"},
       {"", "none"}, {"no picture", "none"}, {"P6 of words", "none"}, {"BM\xFF\xFF", "none"},
       {"<?xml version='1.0'?><svg xmlns='http://www.w3.org/2000/svg' width='9' height='9'/>", "none"},
       {"<svg width='9' height='9'/>", "none"}, {large, "none"}, {bitmap, "none"}, {scans, "none"},
@@ -249,6 +320,79 @@ TEST_F(ThumbnailPicturesTest, KnowsPicturesByTheirBytesAndRefusesTheRest) {
       EXPECT_EQ(ThumbnailOf(Saved(quarters, format)), "96x48 rgbw") << format;
     }
   }
+}
+
+TEST_F(ThumbnailPicturesTest, NotesWhatItCannotDecodeUntilTheFileChanges) {
+  const std::string png = Saved(Quarters({200, 100}, "rgbw"), "PNG");
+  const auto write = [&](const std::string& bytes, std::int64_t time) {
+    folder.Write("p", bytes);
+    folder.SetTime("p", time);
+  };
+  write(png.substr(0, 100) + std::string(png.size() - 100, 'x'), 1'000'000'000);
+  EXPECT_EQ(Thumbnail("p"), "none");
+  const std::string note = places.PlaceOf(folder.Path("p"), ThumbnailCache::failures);
+  EXPECT_EQ(QImage(QString::fromStdString(note)).text(QStringLiteral("Thumb::URI")), Uri("p"));
+  EXPECT_EQ(Mode(note), 0600);
+  write(png, 1'000'000'000);
+  EXPECT_EQ(Thumbnail("p"), "none") << "the same for all that the disk tells";
+  write(png, 1'000'000'001);
+  EXPECT_EQ(Thumbnail("p"), "96x48 rgbw");
+  ThumbnailOf("no picture");
+  ThumbnailOf("P6 of words");
+  EXPECT_EQ(cache.Names("thumbnails/fail/tallowbrook-" TALLOWBROOK_VERSION).size(), 1U);
+}
+
+// Nothing is kept of it, neither half a picture nor that it failed.
+TEST_F(ThumbnailPicturesTest, AFileThatCannotBeReadToItsEndGivesNone) {
+  QImage noise(600, 400, QImage::Format_RGB32);
+  QRandomGenerator chance(1);
+  for (int i = 0; i < 240'000; ++i) noise.setPixel(i % 600, i / 600, chance.generate());
+  for (const char* format : {"JPEG", "PNG", "BMP", "ICO"}) {
+    folder.Write("p", Saved(format == QByteArray("ICO") ? noise.scaled(200, 100) : noise, format));
+    int reads = format == QByteArray("JPEG") ? 0 : 1;  // the head's, which others don't need
+    for (bool fails = true; fails; ++reads) {
+      const int next = files.Count(FileCall::Read) + 1 + reads;
+      files.FailAt(FileCall::Read, next, FileError::Other);
+      const bool isThere = Thumbnail("p") != "none";
+      fails = files.Count(FileCall::Read) >= next;
+      EXPECT_NE(isThere, fails) << format << " " << reads;
+      EXPECT_NE(cache.Exists("thumbnails"), fails) << format << " " << reads;
+    }
+    EXPECT_GT(reads, 4) << format;
+    std::filesystem::remove_all(cache.Path("thumbnails"));
+  }
+}
+
+TEST_F(ThumbnailPicturesTest, NoPictureTakesTooMuchMemory) {
+  if (!memoryIsMeasurable) GTEST_SKIP();
+  const std::string png = PngOfTexts();
+  EXPECT_EQ(ThumbnailOf(png), "64x64 rgbw");
+  disk.Delete(places.PlaceOf(folder.Path("f1"), "normal"));
+  folder.Write("icon", Icon({{64, png}}));
+  folder.Write("kept", Plain({1200, 800}, "rrrr"));
+  WritePrivateFile(places.PlaceOf(folder.Path("kept"), "normal"), png);
+  std::vector<std::pair<const char*, const char*>> rows = {
+      {"f1", "64x64 rgbw"}, {"icon", "64x64 rgbw"}, {"kept", "96x64 rrrr"}};
+  if (QImageWriter::supportedImageFormats().contains("webp")) {
+    folder.Write("w", Saved(Quarters({8, 8}, "rrrr"), "WEBP"));
+    std::filesystem::resize_file(folder.Path("w"), 700'000'000);
+    rows.emplace_back("w", "none");
+  }
+  for (const auto& [name, told] : rows) {
+    EXPECT_LT(PeakMegabytes([&, n = name, t = told] { EXPECT_EQ(Thumbnail(n), t); }), 100) << name;
+  }
+}
+
+TEST_F(ThumbnailPicturesTest, TenThousandPicturesTakeLittleMemory) {
+  if (!memoryIsMeasurable) GTEST_SKIP();
+  QImage noise(96, 96, QImage::Format_RGB32);
+  QRandomGenerator chance(1);
+  for (int i = 0; i < 96 * 96; ++i) noise.setPixel(i % 96, i / 96, chance.generate());
+  EXPECT_LT(PeakMegabytes([&] {
+              FileList list;
+              for (int i = 0; i < 10'000; ++i) list.AddImage(*Pack(noise));
+            }),
+            150);
 }
 
 TEST_F(ThumbnailPicturesTest, PicturesStaySmallAndClearWhereTheyAreClear) {

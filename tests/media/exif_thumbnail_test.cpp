@@ -42,6 +42,9 @@ TEST(JpegHead, TellsWhatItFindsAndLeavesOutWhatIsBroken) {
   const std::string length = std::string("\x02\x02\x00\x04\x00\x00\x00\x01", 8);
   const std::string sizeOfSmall =
       Bytes(ByteOrder::Big, static_cast<std::uint32_t>(small.size()), 4);
+  const std::string nul("\xFF\0", 2);
+  std::string many;
+  for (int i = 0; i < 5'000; ++i) many += Segment(0xFE, "");
   const std::string far("\xFF\xFF\xFF\xF0", 4);
   // clang-format off
   const std::pair<std::string, std::string> rows[] = {
@@ -61,11 +64,18 @@ TEST(JpegHead, TellsWhatItFindsAndLeavesOutWhatIsBroken) {
       {Photo6("") + frame, "4000x3000 rows, way 6, 0 bytes"},
       {Changed(photo, length + sizeOfSmall, length + far) + frame, "4000x3000 rows, way 6, 0 bytes"},
       {Changed(photo, offset, "\x02\x03" + offset.substr(2)) + frame, "4000x3000 rows, way 6, 0 bytes"},
-      // Cut, or too far back.
+      // Cut, far back, or too far.
       {photo, "0x0, way 6, 12 bytes"},
       {photo.substr(0, photo.size() - 1), "0x0, way 1, 0 bytes"},
       {start + big + big + photo.substr(2) + frame, "4000x3000 rows, way 6, 12 bytes"},
-      {start + big + big + Segment(0xE2, std::string(12'000, 'x')) + frame, "0x0, way 1, 0 bytes"},
+      {start + big + big + big + photo.substr(2) + big + frame, "4000x3000 rows, way 6, 12 bytes"},
+      {start + many.substr(0, 4'000 * 4) + frame, "4000x3000 rows, way 1, 0 bytes"},
+      {start + many + frame, "0x0, way 1, 0 bytes"},
+      // Bytes that decoders pass over too, and what lies behind them.
+      {start + "\xFF\x01\xFF\xD3 .\xFF" + frame, "4000x3000 rows, way 1, 0 bytes"},
+      {start + nul + Bytes(ByteOrder::Big, 21, 2) + JpegFrame(0xC2, 9, 8).substr(0, 19) + frame, "9x8, way 1, 0 bytes"},
+      {start + start + frame, "0x0, way 1, 0 bytes"},
+      {start + "\xFF\x02" + std::string("\0\2", 2) + frame, "0x0, way 1, 0 bytes"},
       {start + "\xFF\xD9" + frame, "0x0, way 1, 0 bytes"},
       {"\xFF\xD8\xFF", "0x0, way 1, 0 bytes"},
       {"\x89PNG", "none"}, {"\xFF\xD8", "none"}, {"", "none"}};
@@ -78,6 +88,42 @@ TEST(JpegHead, TellsWhatItFindsAndLeavesOutWhatIsBroken) {
   EXPECT_EQ(ReadJpegHead(files, folder.Write("p", photo + frame))->thumbnail, small);
   EXPECT_EQ(Told(ReadJpegHead(files, folder.Path("gone"))), "none");
   EXPECT_EQ(Told(ReadJpegHead(files, folder.Path())), "none");
+}
+
+// Neither texts nor what hides between segments; the rest as it stands.
+TEST(JpegHead, NamesWhatADecoderNeeds) {
+  const std::string profile = Segment(0xE2, std::string("ICC_PROFILE\0\1\1...", 17));
+  const std::string whole =
+      Segment(0xE0, "JFIF") + profile + Segment(0xDB, "tables") + frame + "data";
+  const std::string start = "\xFF\xD8";
+  const std::string longer = Segment(0xE2, "ICC_PROFILE" + std::string(60'000, '\0'));
+  std::string profiles;
+  for (int i = 0; i < 20; ++i) profiles += longer;
+  const std::string rows[][2] = {
+      {start + whole, start + whole},
+      {Photo6() + Segment(0xFE, "a text") + " ..\xFF" + whole, start + whole},
+      {start + Segment(0xE2, "no profile") + frame, start + frame},
+      {start + profiles + frame, start + profiles.substr(0, 17 * longer.size()) + frame},
+      {start + frame.substr(0, 19), ""}};
+  for (const auto& [bytes, needed] : rows) {
+    const std::optional<JpegHead> head = ParseJpegHead(bytes);
+    std::string found;
+    for (const auto& [at, size] : head->pixels) {
+      found += bytes.substr(static_cast<std::size_t>(at), static_cast<std::size_t>(size));
+    }
+    EXPECT_TRUE(found == needed) << bytes.substr(0, 100);
+  }
+}
+
+TEST(JpegHead, CountsScansAcrossItsBlocks) {
+  const TemporaryFolder folder;
+  SystemFiles files;
+  std::string bytes(1, ' ');
+  for (const std::size_t at : {65'530, 65'532, 65'535, 65'537, 131'069, 131'071}) {
+    bytes.resize(at, ' ');
+    bytes += "\xFF\xDA";
+  }
+  EXPECT_EQ(CountScans(*files.Open(folder.Write("p", bytes), FileAccess::Read, nullptr), 0), 6);
 }
 
 TEST(JpegHead, ReadsTheFileThroughOneOpen) {
