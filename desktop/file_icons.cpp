@@ -9,7 +9,9 @@
 #include <QTextLayout>
 
 #include "desktop/contrast.h"
+#include "desktop/look.h"
 #include "desktop/packed_picture.h"
+#include "desktop/theme.h"
 
 namespace tallowbrook {
 
@@ -64,10 +66,17 @@ class IconDelegate : public QStyledItemDelegate {
       painter.drawRoundedRect(ground, radius, radius);
     }
     if (index.data(FileTableModel::DropHighlightRole).toBool()) {
-      painter.setPen(QPen(QApplication::palette().color(QPalette::Highlight), 2));
-      painter.setBrush(Qt::NoBrush);
-      painter.drawRoundedRect(ground, radius, radius);
+      PaintFrame(painter, ground, QPen(QApplication::palette().color(QPalette::Highlight), 2));
     }
+    // Where the keyboard is; a highlight alone doesn't tell.
+    if (option.state & QStyle::State_HasFocus) {
+      PaintFrame(painter, ground.adjusted(0.5, 0.5, -0.5, -0.5), CurrentTheme().focus);
+    }
+  }
+  static void PaintFrame(QPainter& painter, const QRectF& frame, const QPen& pen) {
+    painter.setPen(pen);
+    painter.setBrush(Qt::NoBrush);
+    painter.drawRoundedRect(frame, radius, radius);
   }
 
   // A hairline around it, so that white pictures have an edge. It is filled: a pen would take more
@@ -75,8 +84,9 @@ class IconDelegate : public QStyledItemDelegate {
   void PaintPicture(QPainter& painter, const QStyleOptionViewItem& option,
                     const QModelIndex& index) const {
     const QRect square = PictureSquare(option.rect);
+    KeepScreens(option.widget->size(), option.rect.size());
     const QPixmap* picture = Picture(static_cast<std::size_t>(index.row()) + 1);
-    if (!picture) return;
+    if (!picture || picture->isNull()) return;
     QRect place({}, FittedSize(picture->size(), square.size()));
     place.moveCenter(square.center());
     painter.drawPixmap(place, *picture);
@@ -138,7 +148,14 @@ class IconDelegate : public QStyledItemDelegate {
            metrics.elidedText(rest, Qt::ElideMiddle, width);
   }
 
-  // Null for a row without one. Those that were painted last stay unpacked: a few screens of them.
+  // Those that were painted last stay unpacked.
+  void KeepScreens(QSize view, QSize cell) const {
+    constexpr int screens = 3;
+    const int cells = (view.width() / cell.width() + 1) * (view.height() / cell.height() + 2);
+    pictures_.setMaxCost(std::max(fewestKept, screens * cells));
+  }
+
+  // Null for a row without one.
   const QPixmap* Picture(std::size_t row) const {
     const PackedBitmap* packed = row <= list_.Count() ? list_.Image(row) : nullptr;
     if (!packed) return nullptr;
@@ -148,10 +165,10 @@ class IconDelegate : public QStyledItemDelegate {
     return pictures_.object(number);
   }
 
-  static constexpr int mostPictures = 500;
+  static constexpr int fewestKept = 500;
 
   FileList& list_;
-  mutable QCache<std::uint32_t, QPixmap> pictures_{mostPictures};
+  mutable QCache<std::uint32_t, QPixmap> pictures_{fewestKept};
 };
 
 }  // namespace
@@ -164,7 +181,7 @@ FileIcons::FileIcons(FileRows& rows, QWidget* parent) : FileView(rows, parent) {
   setResizeMode(Adjust);
   setUniformItemSizes(true);
   setMovement(Static);
-  setDragDropMode(DropOnly);
+  viewport()->setAcceptDrops(true);  // what doesn't move takes nothing by itself
   setVerticalScrollMode(ScrollPerPixel);
   verticalScrollBar()->setSingleStep(pictureSide / 2);
   setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);

@@ -131,6 +131,39 @@ TEST_F(FileIconsTest, WindowsMarkAndShowTheRowTheyWorkOn) {
   EXPECT_TRUE(icons.selectionModel()->isRowSelected(at));
 }
 
+TEST_F(FileIconsTest, MarksTheCellThatTheKeyboardIsAt) {
+  const QColor frame = CurrentTheme().focus;
+  const QRect edge(0, 60, 4, 10);
+  icons.activateWindow();
+  icons.setFocus();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(&icons));
+  Click(Cell(0).center());
+  QTest::keyClick(&icons, Qt::Key_Right, Qt::ControlModifier);
+  EXPECT_EQ(Highlights(), "x....");
+  EXPECT_FALSE(Shows(0, edge, frame));
+  EXPECT_TRUE(Shows(1, edge, frame));
+  icons.clearFocus();
+  EXPECT_FALSE(Shows(1, edge, frame));
+}
+
+TEST_F(FileIconsTest, TakesDroppedFiles) {
+  std::vector<std::string> dropped;
+  icons.dropped = [&](const std::vector<std::string>& paths) { dropped = paths; };
+  QMimeData mime;
+  mime.setData(QStringLiteral("text/uri-list"), "file:///a%FF\r\n");
+  const QPoint at = Cell(1).center();
+  QDragEnterEvent enter(at, Qt::CopyAction, &mime, Qt::LeftButton, {});
+  QCoreApplication::sendEvent(icons.viewport(), &enter);
+  EXPECT_TRUE(enter.isAccepted());
+  QDragMoveEvent move(at, Qt::CopyAction, &mime, Qt::LeftButton, {});
+  QCoreApplication::sendEvent(icons.viewport(), &move);
+  EXPECT_TRUE(move.isAccepted());
+  QDropEvent drop(at, Qt::CopyAction, &mime, Qt::LeftButton, {});
+  QCoreApplication::sendEvent(icons.viewport(), &drop);
+  QTest::qWait(10);
+  EXPECT_EQ(dropped, std::vector<std::string>{"/a\xFF"});
+}
+
 TEST_F(FileIconsTest, PaintsThePictureAndTheTextInTheColourOfItsOutcome) {
   const QRect picture(25, 10, 90, 90);
   const QRect text(4, 104, 132, 34);
@@ -159,6 +192,10 @@ TEST_F(FileIconsTest, PaintsThePictureAndTheTextInTheColourOfItsOutcome) {
   list.Row(1).image = 0;
   list.Row(2).image = list.AddImage({96, 96, "broken"});
   EXPECT_FALSE(Shows(0, picture, Qt::red) || Shows(1, picture, Qt::red));
+  const auto grabbed = [&](int row) {
+    return icons.viewport()->grab(picture.translated(Cell(row).topLeft())).toImage();
+  };
+  EXPECT_EQ(grabbed(0), grabbed(1)) << "no edge around nothing";
   EXPECT_EQ(Data(0, Qt::DisplayRole), QStringLiteral("a"));
 }
 

@@ -144,6 +144,14 @@ TEST_F(ThumbnailTest, AFileGoesByTheModeBehindItsEvents) {
   EXPECT_EQ(scan.ThumbnailMode, false);
   EXPECT_EQ(Pictures(), Lines{"-"});
   EXPECT_EQ(RowTexts(), Lines{""});
+  // What was hidden for the pictures comes back without them.
+  scan.SetThumbnailMode(false);
+  Set("Option1_Files", "True");
+  scan.SetThumbnailMode(true);
+  AtYield(2, [this] { Set("Option1_Folders", "True"); });
+  scan.ToggleSubfolderScan();
+  EXPECT_EQ(scan.ThumbnailMode, false);
+  EXPECT_TRUE(list.Visible());
 }
 
 }  // namespace

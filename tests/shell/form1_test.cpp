@@ -34,6 +34,9 @@ TEST_F(Form1Test, AFirstStartShowsTheHomeFolderAndAFoldersViewSearchesWholeNames
   EXPECT_FALSE(form.settings.Txt_MoveTo.Enabled());
   EXPECT_EQ(form.pages.Label_SampleFileName.Caption(), "filename-0001.abc");
   EXPECT_EQ(form.settings.Combo_Occurances.Items().size(), 31U);
+  EXPECT_EQ(form.thumbnails.Options, 36);
+  EXPECT_EQ(form.thumbnails.DesiredWidth, 96);
+  EXPECT_EQ(form.thumbnails.DesiredHeight, 96);
   Find("Option_Search3").SetValueText("True");
   for (const char* view : {"Option1_Folders", "Option1_Files"}) {
     Find(view).SetValueText("True");

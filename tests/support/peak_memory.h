@@ -1,37 +1,40 @@
-// How much memory a piece of work takes at most, measured on a child process.
+// How much memory a piece of work takes at most.
 #pragma once
 
-#include <gtest/gtest.h>
-#include <sys/resource.h>
-#include <sys/wait.h>
-#include <unistd.h>
-
+#include <fstream>
 #include <functional>
+#include <optional>
+#include <string>
 
 namespace tallowbrook {
 
-// Allocators of sanitizers keep what is freed.
-#ifdef __SANITIZE_ADDRESS__
-constexpr bool memoryIsMeasurable = false;
-#else
-constexpr bool memoryIsMeasurable = true;
-#endif
+// Megabytes, from a line of /proc/self/status (proc(5)).
+inline long MemoryFigure(const std::string& name) {
+  std::ifstream status("/proc/self/status");
+  for (std::string word; status >> word;) {
+    if (word != name) continue;
+    long kilobytes = 0;
+    status >> kilobytes;
+    return kilobytes / 1024;
+  }
+  return 0;
+}
 
-// Megabytes beyond what this process has. Nothing that the work does stays but its files.
-inline long PeakMegabytes(const std::function<void()>& work) {
-  const auto peak = [](const std::function<void()>& child) {
-    const pid_t id = fork();
-    if (id == 0) {
-      child();
-      _exit(testing::Test::HasFailure() ? 1 : 0);
-    }
-    int status = -1;
-    rusage usage{};
-    wait4(id, &status, 0, &usage);
-    EXPECT_EQ(status, 0);
-    return usage.ru_maxrss;
-  };
-  return (peak(work) - peak([] {})) / 1024;
+// Megabytes beyond what the process has before. Nothing where the system keeps no such account, or
+// an allocator of sanitizers holds on to what is freed.
+inline std::optional<long> PeakMegabytes(const std::function<void()>& work) {
+#ifdef __SANITIZE_ADDRESS__
+  constexpr bool isMeasurable = false;
+#else
+  constexpr bool isMeasurable = true;
+#endif
+  constexpr char resetPeak[] = "5";
+  const bool isReset =
+      static_cast<bool>(std::ofstream("/proc/self/clear_refs") << resetPeak << std::flush);
+  const long before = MemoryFigure("VmRSS:");
+  work();
+  if (!isMeasurable || !isReset) return {};
+  return MemoryFigure("VmHWM:") - before;
 }
 
 }  // namespace tallowbrook
