@@ -172,6 +172,11 @@ QImage FromHead(const JpegHead& head, QSize room) {
   return Upright(reader.read(), head.orientation);
 }
 
+bool IsPaletted(QImage::Format format) {
+  return format == QImage::Format_Mono || format == QImage::Format_MonoLSB ||
+         format == QImage::Format_Indexed8;
+}
+
 }  // namespace
 
 ThumbnailPictures::ThumbnailPictures(Files& files, const std::string& cacheHome)
@@ -211,8 +216,12 @@ QImage ThumbnailPictures::Decode(const std::string& path, const FileFacts& facts
   if (source.image > 0) reader.jumpToImage(source.image);
   const QSize size = reader.size();
   if (size.isEmpty() || Pixels(size) > source.mostPixels) return {};
-  if (const QSize scaled = FittedSize(size, room); scaled != size) reader.setScaledSize(scaled);
-  const QImage picture = reader.read();
+  const QSize scaled = FittedSize(size, room);
+  // Scaled by the reader, a picture of a few colours would be one of the same few colours.
+  const bool hasPalette = IsPaletted(reader.imageFormat());
+  if (scaled != size && !hasPalette) reader.setScaledSize(scaled);
+  QImage picture = reader.read();
+  if (hasPalette) picture = Fitted(PlainPicture(std::move(picture)), room);
   if (device.HasFailed()) return {};
   if (picture.isNull()) cache_.StoreFailure(path, facts);
   return head ? Upright(picture, head->orientation) : picture;

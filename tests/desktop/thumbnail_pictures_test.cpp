@@ -395,6 +395,24 @@ TEST_F(ThumbnailPicturesTest, TenThousandPicturesTakeLittleMemory) {
   EXPECT_LT(PeakMegabytes(fill).value_or(0), 150);
 }
 
+// One between two colours of a palette is in none of its places.
+TEST_F(ThumbnailPicturesTest, APictureOfFewColoursIsScaledWithAllColours) {
+  QImage stripes(600, 600, QImage::Format_Indexed8);
+  stripes.setColorTable({qRgb(0, 128, 0), qRgb(0, 0, 255)});
+  for (int y = 0; y < 600; ++y) std::memset(stripes.scanLine(y), y % 2, 600);
+  for (const QImage& picture : {stripes, stripes.convertToFormat(QImage::Format_Mono)}) {
+    ThumbnailOf(Saved(picture, "PNG"));
+    ASSERT_TRUE(packed);
+    const QImage shown = Unpack(*packed);
+    EXPECT_EQ(shown.size(), QSize(96, 96));
+    for (int y = 10; y < 86; ++y) {
+      const QColor colour = shown.pixelColor(48, y);
+      EXPECT_NEAR(colour.green(), 64, 12);
+      EXPECT_NEAR(colour.blue(), 128, 12);
+    }
+  }
+}
+
 TEST_F(ThumbnailPicturesTest, PicturesStaySmallAndClearWhereTheyAreClear) {
   QImage picture(100, 100, QImage::Format_ARGB32);
   picture.fill(Qt::transparent);
