@@ -397,10 +397,13 @@ TEST_F(ThumbnailPicturesTest, TenThousandPicturesTakeLittleMemory) {
 
 // One between two colours of a palette is in none of its places.
 TEST_F(ThumbnailPicturesTest, APictureOfFewColoursIsScaledWithAllColours) {
-  QImage stripes(600, 600, QImage::Format_Indexed8);
-  stripes.setColorTable({qRgb(0, 128, 0), qRgb(0, 0, 255)});
-  for (int y = 0; y < 600; ++y) std::memset(stripes.scanLine(y), y % 2, 600);
-  for (const QImage& picture : {stripes, stripes.convertToFormat(QImage::Format_Mono)}) {
+  for (const QImage::Format format : {QImage::Format_Indexed8, QImage::Format_Mono}) {
+    QImage picture(600, 600, format);
+    picture.setColorTable({qRgb(0, 128, 0), qRgb(0, 0, 255)});
+    for (int y = 0; y < 600; ++y) {
+      const int pixels = format == QImage::Format_Mono ? (y % 2 ? 0xFF : 0) : y % 2;
+      std::memset(picture.scanLine(y), pixels, static_cast<std::size_t>(picture.bytesPerLine()));
+    }
     ThumbnailOf(Saved(picture, "PNG"));
     ASSERT_TRUE(packed);
     const QImage shown = Unpack(*packed);
