@@ -12,8 +12,8 @@ namespace tallowbrook {
 // medium: what a cache loses is made again.
 bool WritePrivateFile(const std::string& path, std::string_view bytes);
 
-// $XDG_CACHE_HOME, or ~/.cache where it isn't an absolute path (the desktop's base directory rules);
-// with "/" at the end.
+// $XDG_CACHE_HOME, or ~/.cache where it isn't an absolute path (the desktop's base directory
+// rules); with "/" at the end.
 std::string CacheHome();
 
 }  // namespace tallowbrook

@@ -20,7 +20,8 @@ std::string Left(const std::string& png) {
   constexpr std::string_view keys[] = {"Key", "Other"};
   const TemporaryFolder folder;
   SystemFiles files;
-  const auto file = files.Open(folder.Write("p", "before" + png + "behind"), FileAccess::Read, nullptr);
+  const auto file =
+      files.Open(folder.Write("p", "before" + png + "behind"), FileAccess::Read, nullptr);
   std::string left;
   for (const auto& [at, size] : PngParts(*file, {6, std::ssize(png)}, keys)) {
     left += ("before" + png + "behind")
