@@ -1,6 +1,7 @@
 #include "desktop/binder.h"
 
 #include <QButtonGroup>
+#include <QCalendarWidget>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QDateEdit>
@@ -91,6 +92,10 @@ QDateEdit* Binder::Add(DateField& date, QWidget* parent) {
   auto* edit = new QDateEdit(parent);
   edit->setCalendarPopup(true);
   edit->setDisplayFormat(QStringLiteral("d MMMM yyyy"));
+  // As legible as the other days, whatever the style.
+  for (const Qt::DayOfWeek day : {Qt::Saturday, Qt::Sunday}) {
+    edit->calendarWidget()->setWeekdayTextFormat(day, QTextCharFormat());
+  }
   Keep(date, new DateBinding(date, *edit));
   return edit;
 }

@@ -33,7 +33,7 @@ class Binding : public QObject {
   QWidget& Widget() const { return widget_; }
   // Shows value, items and look of the control. Does nothing while it is at it.
   void Refresh();
-  // Puts the keyboard focus on the widget, a caret at the end of its text.
+  // Gives the widget the keyboard; a line is then typed on behind what stands in it.
   virtual void TakeFocus() { widget_.setFocus(Qt::OtherFocusReason); }
 
  protected:

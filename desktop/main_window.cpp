@@ -34,7 +34,6 @@ namespace tallowbrook {
 
 namespace {
 constexpr QSize firstSize(1180, 740);
-constexpr double leastTreeShare = 0.15;
 constexpr double firstTreeShare = 0.22;
 }  // namespace
 
@@ -61,7 +60,7 @@ MainWindow::MainWindow(Form1& form, Files& files, const std::string& home)
   status_ = std::make_unique<StatusPanes>(form.statusBar, *statusBar());
   new WindowKeys(form, *this);
   // Behind the window's own keys, and so asked before them.
-  new RibbonKeys(*ribbon_, *this, [this] { return form_.scan.ScanInProgress; });
+  new RibbonKeys(*ribbon_, *this, [this] { return form_.scan.IsBusy(); });
   WireForm();
   resize(firstSize);
   form_.WindowWidth = firstSize.width() * twipsPerPixel;
@@ -250,7 +249,7 @@ void MainWindow::KeepPlace() {
 // By the sizes and not by a least width, which would keep a wide window from shrinking again.
 void MainWindow::KeepTreeShare() {
   const QList<int> sizes = splitter_->sizes();
-  const int least = static_cast<int>(std::ceil(width() * leastTreeShare));
+  const int least = LeastTreeWidth(width());
   const int total = sizes.value(0) + sizes.value(1);
   if (total > least && sizes.value(0) < least) splitter_->setSizes({least, total - least});
 }

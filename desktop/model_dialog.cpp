@@ -23,18 +23,15 @@ ModelDialog::~ModelDialog() {
   close_ = nullptr;
 }
 
-void ModelDialog::AddButtons(std::initializer_list<std::pair<Button*, char>> buttons) {
+void ModelDialog::AddButtons(std::initializer_list<std::pair<Button*, char>> buttons, int enters) {
   auto* row = new QHBoxLayout;
   row->setSpacing(spacing);
   row->addStretch();
-  bool isFirst = true;
   for (const auto& [button, accessKey] : buttons) {
     QPushButton* push = binder_.Add(*button, this, accessKey);
-    push->setDefault(isFirst);
-    push->setAutoDefault(isFirst);
+    push->setDefault(enters-- == 0);
     push->setMinimumWidth(84);
     row->addWidget(push);
-    isFirst = false;
   }
   body_->addSpacing(margin);
   body_->addLayout(row);

@@ -24,8 +24,9 @@ class ModelDialog : public QDialog {
   Binder& Bind() { return binder_; }
   // Where the dialog's own widgets go, from top to bottom.
   QBoxLayout* Body() const { return body_; }
-  // Below them a row of buttons at the right; the first one is Enter's.
-  void AddButtons(std::initializer_list<std::pair<Button*, char>> buttons);
+  // Below them a row of buttons at the right. Enter presses the one that has the keyboard, and
+  // elsewhere `enters`, counted from 0.
+  void AddButtons(std::initializer_list<std::pair<Button*, char>> buttons, int enters = 0);
 
  private:
   Binder binder_;

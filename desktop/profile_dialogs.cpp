@@ -110,13 +110,16 @@ ManageProfilesWindow::ManageProfilesWindow(ManageProfiles& model, QWidget* over)
   row->addWidget(Bind().AddCaption(model.Label1, name, 'p'));
   row->addWidget(name, 1);
   Body()->addLayout(row);
-  auto* done = new ElidedLabel(this);
-  done->setObjectName(QStringLiteral("StatusPane0"));
-  Body()->addWidget(done);
-  AddButtons({{&model.Command_Save, 's'}, {&model.Cmd_Delete, 'd'}, {&model.Command_Done, 'c'}});
+  auto* outcome = new ElidedLabel(this);
+  outcome->setObjectName(QStringLiteral("StatusPane0"));
+  Body()->addWidget(outcome);
+  // A row that is chosen by Enter mustn't lose what is stored in it.
+  constexpr int done = 2;
+  AddButtons({{&model.Command_Save, 's'}, {&model.Cmd_Delete, 'd'}, {&model.Command_Done, 'c'}},
+             done);
   model.changed = [table] { table->Show(); };
-  model.StatusBar1.changed = [&model, done](std::size_t) {
-    done->ShowText(model.StatusBar1.Pane(0));
+  model.StatusBar1.changed = [&model, outcome](std::size_t) {
+    outcome->ShowText(model.StatusBar1.Pane(0));
   };
   table->Show();
   table->setFocus();

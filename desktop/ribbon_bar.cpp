@@ -8,6 +8,7 @@
 #include <QVBoxLayout>
 #include <algorithm>
 
+#include "base/text.h"
 #include "desktop/elided_label.h"
 #include "desktop/icons.h"
 #include "desktop/look.h"
@@ -279,7 +280,11 @@ void RibbonBar::FillProfiles() {
 void RibbonBar::NameSavedProfile() {
   const ProfileEntry& current = form_.profiles.Current();
   std::string description(TipOf(commandSaveProfile));
-  if (current.id > 0) description += " \"" + current.name + "\"";
+  constexpr std::ptrdiff_t longest = 60;
+  if (current.id > 0) {
+    const QString name = VisibleText(*LeftCharacters(current.name, longest));
+    description += " \"" + ToBytes(name) + "\"";
+  }
   auto* button = findChild<RibbonButton*>(NameOf(commandSaveProfile));
   button->setToolTip(CommandToolTip(button->text(), description));
 }
@@ -361,6 +366,9 @@ bool RibbonBar::PressGroupLetter(QChar letter) {
 
 // Letters are underlined where the keyboard is, since they count only there.
 void RibbonBar::ShowMarks() {
+  // Who leaves by a click has nothing to be given back; a menu only borrows the keyboard.
+  const bool isBorrowed = !QApplication::focusWidget() || QApplication::activePopupWidget();
+  if (!HasKeyboard() && !isBorrowed) before_ = nullptr;
   const bool inGroups = groups_->isAncestorOf(QApplication::focusWidget());
   const bool inTabRow = HasKeyboard() && !inGroups;
   tabs_->SetMarked(inTabRow);

@@ -172,6 +172,8 @@ ActingCombo::ActingCombo(List& list, std::function<void()> chosen, QWidget* pare
   setObjectName(ToText(list.Name()));
   setSizeAdjustPolicy(AdjustToMinimumContentsLengthWithIcon);
   setMinimumContentsLength(18);
+  // A click on the list leaves the keyboard where it is.
+  setFocusPolicy(Qt::TabFocus);
   connect(this, &QComboBox::activated, this, [this, chosen = std::move(chosen)](int index) {
     list_.Select(index);
     chosen();

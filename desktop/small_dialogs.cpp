@@ -103,7 +103,6 @@ AboutDialog::AboutDialog(About& model, QWidget* over)
     QPushButton* push = Bind().Add(*link, this);
     push->setProperty("link", true);
     push->setCursor(Qt::PointingHandCursor);
-    push->setAutoDefault(false);
     grid->addWidget(push, row++, 1, Qt::AlignLeft);
   }
   Body()->addLayout(grid);

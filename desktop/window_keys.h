@@ -1,4 +1,4 @@
-// The keys that the main window sees before its controls do.
+// Keys that mean the same wherever the keyboard is in the main window.
 #pragma once
 
 #include <QObject>

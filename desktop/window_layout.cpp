@@ -3,6 +3,7 @@
 #include <QHeaderView>
 #include <QSettings>
 #include <QSplitter>
+#include <cmath>
 
 #include "desktop/ribbon_bar.h"
 
@@ -23,7 +24,8 @@ int TotalOf(const QSplitter& splitter) {
 void RestoreTree(QSplitter& splitter, const QVariant& kept) {
   const int tree = kept.toInt();
   const int total = TotalOf(splitter);
-  if (tree > 0 && tree < total) splitter.setSizes({tree, total - tree});
+  const int least = LeastTreeWidth(splitter.window()->width());
+  if (tree >= least && tree < total) splitter.setSizes({tree, total - tree});
 }
 
 void RestoreColumns(QHeaderView& columns, const QStringList& kept) {
@@ -37,11 +39,17 @@ void RestoreColumns(QHeaderView& columns, const QStringList& kept) {
 
 }  // namespace
 
+int LeastTreeWidth(int windowWidth) {
+  constexpr double leastShare = 0.15;
+  return static_cast<int>(std::ceil(windowWidth * leastShare));
+}
+
 void RestoreLayout(const WindowParts& parts, const QSettings& settings) {
   RestoreTree(parts.splitter, settings.value(QLatin1String(treeKey)));
   RestoreColumns(parts.columns, settings.value(QLatin1String(columnsKey)).toStringList());
   parts.ribbon.SelectTab(settings.value(QLatin1String(tabKey)).toInt());
-  parts.ribbon.SetMinimised(settings.value(QLatin1String(minimisedKey)).toBool());
+  parts.ribbon.SetMinimised(settings.value(QLatin1String(minimisedKey)).toString() ==
+                            QLatin1String("true"));
 }
 
 void SaveLayout(const WindowParts& parts, QSettings& settings) {

@@ -17,6 +17,9 @@ struct WindowParts {
   RibbonBar& ribbon;
 };
 
+// The tree has at least 15 percent of the window.
+int LeastTreeWidth(int windowWidth);
+
 // Once the window shows: before, its parts have no sizes.
 void RestoreLayout(const WindowParts& parts, const QSettings& settings);
 void SaveLayout(const WindowParts& parts, QSettings& settings);

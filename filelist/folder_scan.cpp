@@ -296,6 +296,10 @@ void FolderScan::ToggleSubfolderScan() {
   ScanSubfolders(folder);
 }
 
+bool FolderScan::IsBusy() const {
+  return ScanInProgress || pane_.ScanSub.classic.Caption() == stopCaption;
+}
+
 void FolderScan::ClearFileList() {
   list_.Clear();
   ShowCount();

@@ -68,6 +68,8 @@ class FolderScan {
   void ClearFileList();
   // Fills the list again as it was last filled; a subfolder scan adds to what is there.
   void FilterList();
+  // Whether a fill or a subfolder scan is under way.
+  bool IsBusy() const;
   // The same once files have changed: the list shows what is there now, and nothing else.
   void RefillList();
   void ApplyCheckPattern() { pattern_.ApplyCheckPattern(); }
