@@ -1,6 +1,6 @@
 // PNG files chunk by chunk: what a decoder needs of one, and texts that every program can read.
 //
-// Chunks as of the PNG specification (ISO/IEC 15948), clauses 5 and 11.
+// Chunks as of ISO/IEC 15948, clauses 5 and 11.
 #pragma once
 
 #include <span>
