@@ -1,5 +1,7 @@
 #include "desktop/file_rows.h"
 
+#include <algorithm>
+
 namespace tallowbrook {
 
 FileRows::FileRows(FileList& list, ListOperations& listOperations)
@@ -40,11 +42,12 @@ void FileRows::Mark(const QItemSelection& ranges, bool selected) {
 }
 
 // A view can't paint with a great many stretches of highlighted rows, so that those are given up.
+// While the list is hidden the model may still tell of rows that the list has no more.
 void FileRows::RestoreHighlights() {
   constexpr qsizetype mostStretches = 2000;
   FileList& list = List();
   QItemSelection highlighted;
-  const int rows = model.rowCount();
+  const int rows = std::min(model.rowCount(), static_cast<int>(list.Count()));
   const int lastSection = model.columnCount() - 1;
   for (int row = 0; row < rows; ++row) {
     if (!list.Row(static_cast<std::size_t>(row) + 1).Selected) continue;
