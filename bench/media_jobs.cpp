@@ -186,9 +186,9 @@ double SearchBare() {
 
 // clang-format off
 constexpr MediaJob mediaJobs[] = {
-    {"id3v1-5k", "track_%05d.mp3", RenamedMp3, Mp3, "4", "RTxt_ID3Name", "<v1Artist> - <v1Title>", 0, tailSize},
-    {"id3v2-5k", "track_%05d.mp3", RenamedMp3, Mp3, "4", "RTxt_ID3Name", "<v2Artist> - <v2Title>", headSize, 0},
-    {"id3-5k", "track_%05d.mp3", RenamedMp3, Mp3, "4", "RTxt_ID3Name", "<v1Artist> - <v2Title>", headSize, tailSize},
+    {"id3v1-5k", "track_%05d.mp3", RenamedMp3, Mp3, "4", "RTxt_ID3Name", "<v1Artist> - <v1Title>.mp3", 0, tailSize},
+    {"id3v2-5k", "track_%05d.mp3", RenamedMp3, Mp3, "4", "RTxt_ID3Name", "<v2Artist> - <v2Title>.mp3", headSize, 0},
+    {"id3-5k", "track_%05d.mp3", RenamedMp3, Mp3, "4", "RTxt_ID3Name", "<v1Artist> - <v2Title>.mp3", headSize, tailSize},
     {"exif-5k", "photo_%05d.jpg", RenamedPhoto, Photo, "3", "RTxt_Unique_Other", "<exif_yyyy>-<exif_mm>-<exif_dd> <exif_hh><exif_MM><exif_ss>.<ext>", photoHeadSize, 0},
 };
 // clang-format on

@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <chrono>
 
 #include "platform/file_bytes.h"
 #include "platform/file_descriptor.h"
@@ -41,10 +42,10 @@ FileDescriptor OpenAppending(const std::string& path, int flags) {
 // An open file, and what was so when it was last known to stand at its path.
 struct Tail {
   FileDescriptor file;
-  off_t openedAt;               // the size then: the mark of its replacement stands behind
-  nlink_t links;                // replacing or deleting the file takes one away
+  struct stat facts;            // then: the mark of its replacement stands behind that size
   std::string_view missingEnd;  // what the last line lacks; it goes out with the next write
-  bool isWaitedFor = true;      // until that was in vain: its replacement, where announced
+  std::chrono::steady_clock::time_point asked;  // when it was known to stand there
+  bool isWaitedFor = true;  // until that was in vain: its replacement, where announced
 };
 
 class SystemAppendFile : public AppendFile {
@@ -59,7 +60,7 @@ class SystemAppendFile : public AppendFile {
 
  private:
   FileError WriteFully(std::string_view bytes);
-  bool IsInPlace();
+  bool IsKnownInPlace();
   FileError Follow(const Tail& old, std::string_view bytes);
 
   std::string path_;
@@ -80,9 +81,9 @@ FileError SystemAppendFile::Open(int flags) {
     if (fstat(file.Number(), &facts) != 0) return FromErrno(errno);
     if (!LeadsTo(path_, facts) && tries < mostTries) continue;
     const auto missingEnd = MissingEndOf(file.Number(), facts.st_size, wholeEnds_);
+    const auto now = std::chrono::steady_clock::now();
     UnlockFile(file.Number());
-    const nlink_t links = std::max<nlink_t>(facts.st_nlink, 1);
-    tail_.emplace(Tail{std::move(file), facts.st_size, links, missingEnd});
+    tail_.emplace(Tail{std::move(file), facts, missingEnd, now});
     return FileError::None;
   }
 }
@@ -90,7 +91,7 @@ FileError SystemAppendFile::Open(int flags) {
 FileError SystemAppendFile::Write(std::string_view bytes) {
   FileError error = tail_ ? FileError::None : Open(O_CREAT);
   if (error == FileError::None) error = WriteFully(bytes);
-  while (error == FileError::None && !IsInPlace()) {
+  while (error == FileError::None && !IsKnownInPlace()) {
     const Tail old(std::move(*tail_));
     tail_.reset();
     error = Follow(old, bytes);
@@ -122,23 +123,20 @@ bool SystemAppendFile::IsAlone() {
   return true;
 }
 
-// The number of links tells of a replacement without a look at the path, also for a file that has
-// another hard link, as a backup may be. Nothing else is asked for: a file whose times were asked
-// for gets new ones with the next write, which would take twice as long. In the middle of a
-// replacement the number has fallen while the path still leads here: so a lower one is never what
-// later ones are compared with.
-bool SystemAppendFile::IsInPlace() {
-  struct statx now;
-  const int file = tail_->file.Number();
-  if (tail_->isWaitedFor && IsReplacementAnnounced(file)) {
-    tail_->isWaitedFor = LockFile(file);
-    UnlockFile(file);
+// Asks once in a few hundred records (file_handover.h). Where a replacement is announced and
+// doesn't come, each record asks: it may come at any time, and who announced it waits for nobody
+// any more.
+bool SystemAppendFile::IsKnownInPlace() {
+  const auto now = std::chrono::steady_clock::now();
+  if (now - tail_->asked < mostUnasked) return true;
+  const bool isAnnounced = IsReplacementAnnounced(tail_->file.Number());
+  if (isAnnounced && tail_->isWaitedFor) {
+    tail_->isWaitedFor = LockFile(tail_->file.Number());
+    UnlockFile(tail_->file.Number());
   }
-  if (statx(file, "", AT_EMPTY_PATH, STATX_NLINK, &now) != 0) return true;
-  if (now.stx_nlink == tail_->links) return true;
-  tail_->links = std::max(tail_->links, nlink_t{now.stx_nlink});
-  struct stat facts;
-  return fstat(file, &facts) != 0 || LeadsTo(path_, facts);
+  if (!LeadsTo(path_, tail_->facts)) return false;
+  if (!isAnnounced) tail_->asked = now;
+  return true;
 }
 
 // Goes on in the file at the path. `bytes` are what this writer wrote last to the old one; they are
@@ -148,7 +146,7 @@ FileError SystemAppendFile::Follow(const Tail& old, std::string_view bytes) {
   // Appending leaves the descriptor behind what it wrote, whatever others append since.
   const off_t end = lseek(from, 0, SEEK_CUR);
   LockFile(from);
-  const std::optional<off_t> carried = CarriedUpTo(from, old.openedAt);
+  const std::optional<off_t> carried = CarriedUpTo(from, old.facts.st_size);
   if (!carried) return FileError::NotFound;
   const FileError error = Open(0);
   if (error != FileError::None) MarkDropped(from);

@@ -76,9 +76,13 @@ bool LeadsTo(const std::string& path, const struct stat& facts) {
          found.st_ino == facts.st_ino;
 }
 
-void AnnounceReplacement(int file) {
+bool AnnounceReplacement(int file) {
   struct flock byte = AnnouncedByte();
-  fcntl(file, F_OFD_SETLK, &byte);
+  return fcntl(file, F_OFD_SETLK, &byte) == 0;
+}
+
+void WaitForUnasked() {
+  std::this_thread::sleep_for(2 * mostUnasked);
 }
 
 bool IsReplacementAnnounced(int file) {

@@ -79,6 +79,13 @@ bool IsOneEntry(const std::string& name) {
          name.find('\0') == std::string::npos;
 }
 
+// A run asks for the same two paths again and again: their memory is kept.
+const std::string& PathIn(std::string& kept, const std::string& folder, const std::string& name) {
+  kept.assign(folder);
+  if (!kept.empty() && kept.back() != '/') kept += '/';
+  return kept.append(name);
+}
+
 FileError RenameError(int number) {
   // Here, what the file system finds invalid can only be the name.
   return number == EINVAL ? FileError::InvalidName : FromErrno(number);
@@ -103,7 +110,8 @@ FileError SystemFiles::Rename(const std::string& folder, const std::string& name
   // An old name may be one that no file gets here any more; it may stay as it is.
   if (!IsOneEntry(name) || (name != newName && !IsValidName(newName)))
     return FileError::InvalidName;
-  int error = RenameWithoutReplacing(JoinPath(folder, name), JoinPath(folder, newName));
+  thread_local std::string from, to;
+  int error = RenameWithoutReplacing(PathIn(from, folder, name), PathIn(to, folder, newName));
   if (error == EEXIST && name == newName) return FileError::None;
   if (error == EEXIST) error = ChangeCase(folder, name, newName);
   return RenameError(error);

@@ -95,15 +95,18 @@ int Replace(const LockedFile& old, const FileEdit& edit) {
   LockFile(fresh.Number());
   off_t carried = static_cast<off_t>(bytes.size());
   int error = WriteFresh(old, text, fresh.Number());
+  bool isAnnounced = false;
   // All that its writers take for written comes along here, also if we are killed behind the
   // rename.
   if (error == 0) {
-    AnnounceReplacement(old.file.Number());
+    isAnnounced = AnnounceReplacement(old.file.Number());
+    WaitForUnasked();
     const off_t end = lseek(old.file.Number(), 0, SEEK_END);
     error = CatchUp(old.file.Number(), carried, end, fresh.Number());
   }
   if (error == 0 && !LeadsTo(old.path, old.facts)) error = ESTALE;
   if (error == 0) error = fresh.MoveOver(old.path);
+  if (error == 0 && !isAnnounced) WaitForUnasked();
   if (error == 0) HandOver(old.file.Number(), carried, fresh.Number());
   return error;
 }

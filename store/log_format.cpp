@@ -30,7 +30,18 @@ void AppendEscape(std::string& text, char c) {
   text += hexDigits[byte & 15];
 }
 
+// Looks at all bytes without a branch, many at a time; hardly a name has one of them.
+bool MayHoldMarked(std::string_view piece) {
+  unsigned found = 0;
+  for (const char c : piece) found |= unsigned(static_cast<unsigned char>(c) < 0x20) | (c == '?');
+  return found != 0;
+}
+
 void AppendEscaped(std::string& text, std::string_view piece, bool keepQuestionMarks) {
+  if (!MayHoldMarked(piece)) {
+    text.append(piece);
+    return;
+  }
   static constexpr auto inPaths = Marked(escapedInPaths);
   static constexpr auto inFailures = Marked(escapedInFailures);
   const auto& marked = keepQuestionMarks ? inFailures : inPaths;

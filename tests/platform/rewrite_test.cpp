@@ -3,6 +3,7 @@
 #include <sstream>
 #include <thread>
 
+#include "platform/file_handover.h"
 #include "tests/platform/disk_fixture.h"
 
 namespace {
@@ -132,6 +133,7 @@ TEST_F(Rewrite, TellsAWriterThatItsFileIsGoneAndThenBeginsANewOne) {
       if (*step == 'M') std::filesystem::rename(folder_.Write("other", "cut"), folder_.Path("log"));
     }
     ASSERT_EQ(error, FileError::None) << way;
+    WaitForUnasked();
     const NameList before = folder_.Names();
     EXPECT_EQ(file->Write("2\n"), FileError::NotFound) << way;
     EXPECT_EQ(folder_.Names(), before) << way;

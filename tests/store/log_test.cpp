@@ -1,6 +1,7 @@
 // Logfile.txt to the byte, and back. In texts, \020 is the byte that escapes.
 #include <gtest/gtest.h>
 
+#include "platform/file_handover.h"
 #include "store/batch_rows.h"
 #include "store/log_file.h"
 #include "store/log_format.h"
@@ -155,6 +156,7 @@ TEST_F(LogTest, ADeletedLogBeginsAnewWithTheHeader) {
   log.BeginBatch(*MakeDate({2024, 2, 9, 5, 7, 9}));
   log.Record(aToB);
   ASSERT_EQ(files.Delete(log.Path()), FileError::None);
+  WaitForUnasked();
   log.Record({RunRecord::Kind::File, "/d/", "c", "/d/", "e"});
   log.EndBatch();
   EXPECT_EQ(folder.Read("Logfile.txt"), header + "1\x06 /d/c?/d/e?\x06\x05\r\n" + batchEndLine);
