@@ -88,10 +88,16 @@ std::string FileList::Cell(std::size_t number, Column column) const {
   return {};
 }
 
-std::size_t FileList::Add(FileEntry entry) {
+std::size_t FileList::Add(FileEntry&& entry) {
   rows_.push_back(std::move(entry));
   Tell(ListChange::Kind::Appended);
   return rows_.size();
+}
+
+// By half at least, since many small folders may come one by one.
+void FileList::ExpectRows(std::size_t more) {
+  const std::size_t rows = rows_.size() + more;
+  if (rows > rows_.capacity()) rows_.reserve(std::max(rows, rows_.size() + rows_.size() / 2));
 }
 
 void FileList::Clear() {

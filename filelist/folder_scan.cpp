@@ -1,5 +1,9 @@
 #include "filelist/folder_scan.h"
 
+#include <algorithm>
+#include <charconv>
+#include <limits>
+
 #include "base/guards.h"
 #include "base/letter_case.h"
 #include "base/text.h"
@@ -124,12 +128,14 @@ void FolderScan::ListOpened(const std::string& folder, const FolderListing* list
 // False if it was stopped.
 bool FolderScan::ListFiles(const std::string& folder, const FolderListing& listing) {
   std::vector<std::size_t> matches;
+  matches.reserve(listing.Size());
   const std::string pattern = pane_.Combo_Filter.Value();
   for (std::size_t i = 0; i < listing.Size(); ++i) {
     if (listing.Kind(i) != EntryKind::File) continue;
     if (pattern.empty() || MatchesPattern(listing.Name(i), pattern)) matches.push_back(i);
   }
   SetProgress(0, matches.size());
+  if (!ThumbnailMode) list_.ExpectRows(matches.size());
   std::size_t done = 0;
   for (const std::size_t i : matches) {
     SetProgress(++done, matches.size());
@@ -442,8 +448,13 @@ void FolderScan::Say(std::string_view text) {
   world_.dialogs.Ask({"", std::string(text), Buttons::Ok});
 }
 
+// For each row that is added; a text in memory that is already there.
 void FolderScan::ShowCount() {
-  world_.status.Set(1, "Files in list: " + std::to_string(list_.Count()));
+  constexpr std::string_view caption = "Files in list: ";
+  char text[caption.size() + std::numeric_limits<std::size_t>::digits10 + 1];
+  char* const digits = std::copy(caption.begin(), caption.end(), text);
+  const char* const end = std::to_chars(digits, std::end(text), list_.Count()).ptr;
+  world_.status.Set(1, {text, end});
 }
 
 void FolderScan::SetProgress(std::size_t value, std::size_t maximum) {
