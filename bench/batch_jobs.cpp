@@ -1,51 +1,28 @@
-// Scan, preview and rename of a large folder, through the program's own routines: those that the
-// window calls, with rows, log and status panes, without drawing.
-#include <dirent.h>
+// Runs over many files: renamed where they are, and moved to another file system.
 #include <fcntl.h>
 #include <linux/fs.h>
-#include <sys/stat.h>
+#include <sys/sendfile.h>
 #include <sys/syscall.h>
 #include <unistd.h>
 
 #include <cstdio>
+#include <fstream>
 
 #include "bench/program.h"
 
 namespace tallowbrook::bench {
 namespace {
 
-double ScanWithProgram() {
-  Program& p = TheProgram();
-  if (p.form.ListView1.Count() != fileCount) p.FillAnew();
-  return Seconds([&] { p.form.scan.ScanFolder(p.folder); });
+std::string OldName(int number) {
+  char name[64];
+  std::snprintf(name, sizeof name, "photo_%07d.jpg", number);
+  return name;
 }
 
-double ScanBare() {
-  return Seconds([] {
-    DIR* folder = opendir(TheProgram().folder.c_str());
-    struct statx facts;
-    while (const dirent* entry = readdir(folder)) {
-      statx(dirfd(folder), entry->d_name, 0, STATX_BASIC_STATS | STATX_BTIME, &facts);
-    }
-    closedir(folder);
-  });
-}
-
-double PreviewWithProgram() {
-  Program& p = TheProgram();
-  if (p.form.ListView1.Count() != fileCount) ScanWithProgram();
-  return Seconds([&] { p.form.preview.PreviewFiles(); });
-}
-
-double FormatBare() {
-  return Seconds([] {
-    std::vector<std::string> names;
-    char name[64];
-    for (int i = 1; i <= fileCount; ++i) {
-      std::snprintf(name, sizeof name, "photo_%07d-%04d.jpg", i, i);
-      names.emplace_back(name);
-    }
-  });
+std::string NewName(int number) {
+  char name[64];
+  std::snprintf(name, sizeof name, "photo_%07d-%04d.jpg", number, number);
+  return name;
 }
 
 double RenameWithProgram() {
@@ -60,11 +37,7 @@ double RenameBare() {
   p.FillAnew();
   std::vector<std::pair<std::string, std::string>> names;
   for (int i = 1; i <= fileCount; ++i) {
-    char name[64];
-    std::snprintf(name, sizeof name, "photo_%07d.jpg", i);
-    char renamed[64];
-    std::snprintf(renamed, sizeof renamed, "photo_%07d-%04d.jpg", i, i);
-    names.emplace_back(p.folder + name, p.folder + renamed);
+    names.emplace_back(p.folder + OldName(i), p.folder + NewName(i));
   }
   const int log = open((p.data + "bare.txt").c_str(), O_WRONLY | O_CREAT | O_APPEND, 0666);
   const std::string record(80, 'r');
@@ -78,10 +51,69 @@ double RenameBare() {
   return seconds;
 }
 
+// From the tmpfs to where temporary files lie, which is mostly a disk.
+class Move {
+ public:
+  double WithProgram() {
+    Fill();
+    Program& p = TheProgram();
+    p.form.scan.ScanFolder(from_);
+    const auto set = [&](const char* name, const std::string& value) {
+      p.form.screen.Find(name)->SetValueText(value);
+    };
+    set("Txt_MoveTo", to_);
+    set("TransferMethod", "1");
+    set("Check_MoveEnable", "1");
+    const double seconds = Seconds([&] { p.form.run.RenameFiles(0, {}); });
+    set("Check_MoveEnable", "0");
+    Expect(std::filesystem::file_size(to_ + NewName(moveCount)) == moveSize, "nothing was moved");
+    return seconds;
+  }
+
+  double Bare() {
+    Fill();
+    return Seconds([this] {
+      for (int i = 1; i <= moveCount; ++i) {
+        const std::string source = from_ + OldName(i);
+        const int from = open(source.c_str(), O_RDONLY);
+        const int to = open((to_ + NewName(i)).c_str(), O_WRONLY | O_CREAT | O_EXCL, 0666);
+        // The kernel's own copy between files refuses two kinds of file systems.
+        if (copy_file_range(from, nullptr, to, nullptr, moveSize, 0) < 0) {
+          [[maybe_unused]] const auto sent = sendfile(to, from, nullptr, moveSize);
+        }
+        close(to);
+        close(from);
+        unlink(source.c_str());
+      }
+    });
+  }
+
+ private:
+  static constexpr int moveCount = 5000;
+  static constexpr std::size_t moveSize = 100 << 10;
+
+  void Fill() {
+    EmptyFolder(from_);
+    EmptyFolder(to_);
+    sync();
+    const std::string bytes(moveSize, 'x');
+    for (int i = 1; i <= moveCount; ++i) {
+      std::ofstream(from_ + OldName(i), std::ios::binary) << bytes;
+    }
+  }
+
+  const std::string from_ = NewFolder();
+  const std::string to_ = NewFolderIn(std::filesystem::temp_directory_path());
+};
+
+Move& TheMove() {
+  static Move move;
+  return move;
+}
+
 [[maybe_unused]] const bool registered = [] {
-  Register({"scan-100k", ScanWithProgram, ScanBare});
-  Register({"preview-100k", PreviewWithProgram, FormatBare});
   Register({"rename-100k", RenameWithProgram, RenameBare});
+  Register({"move-5k", [] { return TheMove().WithProgram(); }, [] { return TheMove().Bare(); }});
   return true;
 }();
 

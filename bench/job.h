@@ -1,6 +1,7 @@
 // A measured job and the bare system calls that bound it, timed in turn in one run.
 #pragma once
 
+#include <filesystem>
 #include <functional>
 #include <string>
 
@@ -19,11 +20,15 @@ struct Job {
 // Registers the job; main runs those that the command line names, or all.
 void Register(Job job);
 
+// Ends the program with the message where a job didn't do what it is measured for.
+void Expect(bool holds, const std::string& message);
+
 // The seconds that `work` takes.
 double Seconds(const std::function<void()>& work);
 
 // A new empty folder with "/" at its end, on a tmpfs where there is one. Removed at the end.
 std::string NewFolder();
+std::string NewFolderIn(const std::filesystem::path& base);
 // `count` empty files "photo_0000001.jpg" and so on.
 void FillFolder(const std::string& folder, int count);
 // Removes the folder's content.

@@ -64,10 +64,22 @@ void RunOnce(benchmark::State& state, Measured& job) {
   if (job.program.size() == repetitions) Print(job);
 }
 
+// By its own name or by the first words of it: "sort-1m" is "sort-1m-name" and "sort-1m-size".
+bool IsWanted(const std::string& name, const std::set<std::string>& wanted) {
+  if (wanted.empty() || wanted.contains(name)) return true;
+  return std::ranges::any_of(wanted, [&](const auto& w) { return name.starts_with(w + "-"); });
+}
+
 }  // namespace
 
 void Register(Job job) {
   Jobs().push_back({std::move(job), {}, {}});
+}
+
+void Expect(bool holds, const std::string& message) {
+  if (holds) return;
+  std::fprintf(stderr, "%s\n", message.c_str());
+  std::exit(1);
 }
 
 double Seconds(const std::function<void()>& work) {
@@ -77,9 +89,12 @@ double Seconds(const std::function<void()>& work) {
 }
 
 std::string NewFolder() {
-  const std::filesystem::path base = std::filesystem::is_directory("/dev/shm")
-                                         ? "/dev/shm"
-                                         : std::filesystem::temp_directory_path();
+  return NewFolderIn(std::filesystem::is_directory("/dev/shm")
+                         ? "/dev/shm"
+                         : std::filesystem::temp_directory_path());
+}
+
+std::string NewFolderIn(const std::filesystem::path& base) {
   std::string name = (base / "tallowbrook-bench-XXXXXX").string();
   if (!mkdtemp(name.data())) {
     std::perror("mkdtemp");
@@ -108,8 +123,12 @@ void EmptyFolder(const std::string& folder) {
 int main(int argc, char** argv) {
   using namespace tallowbrook::bench;
   const std::set<std::string> wanted(argv + 1, argv + argc);
+  Folders();  // first, so that they are still there
+  std::atexit([] {
+    for (const std::string& folder : Folders()) std::filesystem::remove_all(folder);
+  });
   for (auto& job : Jobs()) {
-    if (!wanted.empty() && !wanted.contains(job.job.name)) continue;
+    if (!IsWanted(job.job.name, wanted)) continue;
     benchmark::RegisterBenchmark(job.job.name.c_str(),
                                  [&job](benchmark::State& state) { RunOnce(state, job); })
         ->UseManualTime()
@@ -120,5 +139,4 @@ int main(int argc, char** argv) {
   benchmark::Initialize(&noArguments, argv);
   Silent silent;
   benchmark::RunSpecifiedBenchmarks(&silent);
-  for (const std::string& folder : Folders()) std::filesystem::remove_all(folder);
 }

@@ -138,9 +138,8 @@ class MediaFolder {
  private:
   void RenameBack() {
     for (std::size_t i = 0; i < oldPaths_.size(); ++i) {
-      if (rename(newPaths_[i].c_str(), oldPaths_[i].c_str()) == 0) continue;
-      std::fprintf(stderr, "%s wasn't renamed to %s\n", oldPaths_[i].c_str(), newPaths_[i].c_str());
-      std::exit(1);
+      Expect(rename(newPaths_[i].c_str(), oldPaths_[i].c_str()) == 0,
+             oldPaths_[i] + " wasn't renamed to " + newPaths_[i]);
     }
   }
 

@@ -7,7 +7,7 @@
 
 namespace tallowbrook::bench {
 
-inline constexpr int fileCount = 100'000;
+inline constexpr int fileCount = 100'000;  // of most jobs
 
 struct Program {
   std::string folder = NewFolder();
@@ -37,10 +37,10 @@ struct Program {
     form.Load();
     form.scan.ShowEXIFDateCreated = 0;
   }
-  // `fileCount` empty files, and nothing else.
-  void FillAnew() {
+  // Brings `count` empty files into the folder, and nothing else.
+  void FillAnew(int count = fileCount) {
     EmptyFolder(folder);
-    FillFolder(folder, fileCount);
+    FillFolder(folder, count);
   }
 };
 

@@ -47,8 +47,8 @@ class NameBuilder {
   std::string ComposeProperties(const NameParts& parts, std::int32_t counter);
   std::string RemoveCharacters(const NameParts& parts) const;
   std::string FindAndReplace(const NameParts& parts);
-  std::string ReplaceInText(std::string text);
-  std::string ReplaceByPattern(std::string text);
+  std::string ReplaceInText(std::string_view text);
+  std::string ReplaceByPattern(std::string_view text);
   std::string DateCommand() const;
   std::string FromTags(const NameParts& parts);
 

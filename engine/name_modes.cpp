@@ -53,20 +53,18 @@ std::string NameBuilder::FindAndReplace(const NameParts& parts) {
   if (!settings_.Combo_Find.Value().empty()) {
     AddToComboHistory(settings_.Combo_Find);
     if (!settings_.Combo_Replace.Value().empty()) AddToComboHistory(settings_.Combo_Replace);
-    found = ReplaceInText(std::string(inBase        ? parts.base
-                                      : inExtension ? parts.extension
-                                                    : parts.fileName));
+    found = ReplaceInText(inBase ? parts.base : inExtension ? parts.extension : parts.fileName);
   }
   if (inBase) return found.append(".").append(parts.extension);
   if (inExtension) return std::string(parts.base).append(".").append(found);
   return found;
 }
 
-std::string NameBuilder::ReplaceInText(std::string text) {
-  if (settings_.Check_RegExp.On()) return ReplaceByPattern(std::move(text));
+std::string NameBuilder::ReplaceInText(std::string_view text) {
+  if (settings_.Check_RegExp.On()) return ReplaceByPattern(text);
   const bool all = settings_.Combo_Occurances.Index() == 0;
   const std::optional<int> limit = all ? std::nullopt : NumberOf(settings_.Combo_Occurances);
-  if (!all && !limit) return text;
+  if (!all && !limit) return std::string(text);
   return ReplaceText(text, settings_.Combo_Find.Value(), settings_.Combo_Replace.Value(),
                      all ? std::string::npos : static_cast<std::size_t>(*limit),
                      !settings_.Check_CaseSensitive.On());
@@ -74,7 +72,7 @@ std::string NameBuilder::ReplaceInText(std::string text) {
 
 // With a limit, each pass searches the whole outcome of the pass before it: what was put in can
 // match once more.
-std::string NameBuilder::ReplaceByPattern(std::string text) {
+std::string NameBuilder::ReplaceByPattern(std::string_view text) {
   const std::string& pattern = settings_.Combo_Find.Value();
   const bool ignoreCase = !settings_.Check_CaseSensitive.On();
   if (!regexTried_ || pattern != regexPattern_ || ignoreCase != regexIgnoresCase_) {
@@ -83,16 +81,15 @@ std::string NameBuilder::ReplaceByPattern(std::string text) {
     regexIgnoresCase_ = ignoreCase;
     regexTried_ = true;
   }
-  if (!regex_) return text;
+  if (!regex_) return std::string(text);
   const std::string& replacement = settings_.Combo_Replace.Value();
-  const std::optional<int> times = NumberOf(settings_.Combo_Occurances);
   std::optional<std::string> replaced;
   if (settings_.Combo_Occurances.Index() == 0) {
     replaced = regex_->Replace(text, replacement, true);
-  } else if (times) {
+  } else if (const std::optional<int> times = NumberOf(settings_.Combo_Occurances)) {
     replaced = regex_->ReplaceInTurn(text, replacement, *times);
   }
-  return replaced ? *std::move(replaced) : text;
+  return replaced ? *std::move(replaced) : std::string(text);
 }
 
 }  // namespace tallowbrook

@@ -168,7 +168,7 @@ void RenameSettings::FillDefaults(Date today) {
 
 void AddToComboHistory(History& field) {
   constexpr std::size_t searched = 21;
-  const std::string text = field.Value();
+  const std::string& text = field.Value();
   if (text.empty()) return;
   const std::vector<std::string>& known = field.Items();
   const auto end = known.begin() + static_cast<std::ptrdiff_t>(std::min(searched, known.size()));

@@ -88,7 +88,7 @@ std::string FileList::Cell(std::size_t number, Column column) const {
   return {};
 }
 
-std::size_t FileList::Add(FileEntry&& entry) {
+std::size_t FileList::Add(FileEntry entry) {
   rows_.push_back(std::move(entry));
   Tell(ListChange::Kind::Appended);
   return rows_.size();

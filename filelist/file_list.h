@@ -63,7 +63,7 @@ class FileList {
   FolderTable& Folders() { return folders_; }
 
   // Appends; returns the new row's number.
-  std::size_t Add(FileEntry&& entry);
+  std::size_t Add(FileEntry entry);
   // Makes room for that many rows more, so that no row moves while they are added.
   void ExpectRows(std::size_t more);
   // All rows go, and with them the images.

@@ -12,6 +12,7 @@
 #include <algorithm>
 #include <cstdint>
 #include <utility>
+#include <vector>
 
 #include "base/text.h"
 #include "platform/regex_stray_bytes.h"
@@ -83,6 +84,12 @@ bool Code::Compile(std::string_view pattern, bool ignoreCase) {
 
 }  // namespace
 
+// One text of a replacement, and the group that comes behind it; none behind the last.
+struct ReplacementPiece {
+  std::string text;
+  std::optional<std::uint32_t> group;
+};
+
 struct Regex::State {
   std::string pattern;            // translated
   std::size_t patternWeight = 1;  // what a step costs, in steps by a short pattern
@@ -91,12 +98,16 @@ struct Regex::State {
   bool hasStrayBytes = false;
   bool holdsStandIns = false;
   std::uint32_t groups = 0;
+  std::uint32_t leastLength = 0;  // of a match, in characters
   Code light;
   std::optional<Code> heavy;  // from the first heavy search on
   MatchContext context;
   MatchData match;
   JitStack stack;
   int heavySearchesLeft = 0;
+  // The replacement asked for last, mostly the one of all names, in pieces.
+  std::optional<std::string> parsed;
+  std::vector<ReplacementPiece> pieces;
 
   // False if the pattern is none, or if there is no memory for it.
   bool Prepare();
@@ -105,15 +116,14 @@ struct Regex::State {
   std::size_t Dearness(std::string_view subject) const;
   int SearchHeavily(std::string_view subject, std::size_t start);
   int Run(const Code& code, std::size_t steps, std::string_view subject, std::size_t start);
-  std::optional<std::string> Replace(std::string_view subject, std::string_view replacement,
-                                     bool all);
+  std::optional<std::string> Replace(std::string_view subject, std::string_view text, bool all);
   std::optional<std::string> ReplaceInBytes(std::string_view subject, std::string_view replacement,
                                             bool all);
   std::string_view Group(std::string_view subject, std::size_t group) const;
-  // What "$" and `selector` stand for; nothing if they stand for themselves.
-  std::optional<std::string_view> Insert(std::string_view subject, char selector) const;
-  void AppendReplacement(std::string& result, std::string_view subject,
-                         std::string_view replacement) const;
+  void Parse(std::string_view text);
+  // The group that "$" and `selector` stand for; nothing if they stand for something else.
+  std::optional<std::uint32_t> GroupOf(char selector) const;
+  void AppendReplacement(std::string& result, std::string_view subject) const;
 };
 
 bool Regex::State::Prepare() {
@@ -125,6 +135,7 @@ bool Regex::State::Prepare() {
   pcre2_set_heap_limit(context.get(), heapLimitKib);
   if (stack != nullptr) pcre2_jit_stack_assign(context.get(), nullptr, stack.get());
   pcre2_pattern_info(light.code.get(), PCRE2_INFO_CAPTURECOUNT, &groups);
+  pcre2_pattern_info(light.code.get(), PCRE2_INFO_MINLENGTH, &leastLength);
   return true;
 }
 
@@ -161,33 +172,43 @@ std::string_view Regex::State::Group(std::string_view subject, std::size_t group
   return ends[0] == PCRE2_UNSET ? std::string_view{} : subject.substr(ends[0], ends[1] - ends[0]);
 }
 
-std::optional<std::string_view> Regex::State::Insert(std::string_view subject,
-                                                     char selector) const {
-  if (selector == '$') return "$";
-  if (selector == '&') return Group(subject, 0);
+std::optional<std::uint32_t> Regex::State::GroupOf(char selector) const {
+  if (selector == '&') return 0;
   if (selector < '1' || selector > '9') return std::nullopt;
   const auto group = static_cast<std::uint32_t>(selector - '0');
-  if (group > groups) return std::nullopt;
-  return Group(subject, group);
+  return group <= groups ? std::optional(group) : std::nullopt;
 }
 
-void Regex::State::AppendReplacement(std::string& result, std::string_view subject,
-                                     std::string_view replacement) const {
-  while (!replacement.empty() && result.size() <= maxResult) {
-    const std::size_t dollar = replacement.find('$');
-    result.append(replacement.substr(0, dollar));
-    if (dollar == std::string_view::npos) return;
-    replacement.remove_prefix(dollar);
-    const auto insert = replacement.size() > 1 ? Insert(subject, replacement[1]) : std::nullopt;
-    result.append(insert.value_or("$"));
-    replacement.remove_prefix(insert ? 2 : 1);
+void Regex::State::Parse(std::string_view text) {
+  if (parsed == text) return;
+  parsed = text;
+  pieces.assign(1, {});
+  for (std::size_t at = 0; at < text.size(); ++at) {
+    const char selector = text[at] == '$' && at + 1 < text.size() ? text[at + 1] : '\0';
+    if (const auto group = GroupOf(selector)) {
+      pieces.back().group = group;
+      pieces.emplace_back();
+      ++at;
+    } else {
+      pieces.back().text += text[at];
+      if (selector == '$') ++at;
+    }
+  }
+}
+
+void Regex::State::AppendReplacement(std::string& result, std::string_view subject) const {
+  for (const ReplacementPiece& piece : pieces) {
+    if (result.size() > maxResult) return;
+    result.append(piece.text);
+    if (piece.group) result.append(Group(subject, *piece.group));
   }
 }
 
 // An empty match lets one character pass, so that the next one is looked for behind it; where a
 // match ended, an empty one may still follow.
-std::optional<std::string> Regex::State::Replace(std::string_view subject,
-                                                 std::string_view replacement, bool all) {
+std::optional<std::string> Regex::State::Replace(std::string_view subject, std::string_view text,
+                                                 bool all) {
+  Parse(text);
   std::string result;
   std::size_t copied = 0;
   std::size_t from = 0;
@@ -197,11 +218,11 @@ std::optional<std::string> Regex::State::Replace(std::string_view subject,
     if (found < 0) return std::nullopt;
     const PCRE2_SIZE* ends = pcre2_get_ovector_pointer(match.get());
     result.append(subject, copied, ends[0] - copied);
-    AppendReplacement(result, subject, replacement);
+    AppendReplacement(result, subject);
     if (result.size() > maxResult) return std::nullopt;
     copied = ends[1];
     from = ends[0] == ends[1] ? BehindCharacter(subject, copied) : copied;
-  } while (all && from <= subject.size());
+  } while (all && from + leastLength <= subject.size());
   result.append(subject, copied);
   if (result.size() > maxResult) return std::nullopt;
   return result;
