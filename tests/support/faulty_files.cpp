@@ -3,6 +3,24 @@
 
 namespace tallowbrook {
 
+class FaultyFiles::Listed : public FolderListing {
+ public:
+  Listed(FaultyFiles& faults, std::string path, std::unique_ptr<FolderListing> listing)
+      : faults_(faults), path_(std::move(path)), listing_(std::move(listing)) {}
+  std::size_t Size() const override { return listing_->Size(); }
+  std::string_view Name(std::size_t index) const override { return listing_->Name(index); }
+  EntryKind Kind(std::size_t index) const override { return listing_->Kind(index); }
+  std::optional<FileFacts> Facts(std::size_t index) const override {
+    if (faults_.Fails(FileCall::EntryFacts, path_)) return std::nullopt;
+    return listing_->Facts(index);
+  }
+
+ private:
+  FaultyFiles& faults_;
+  std::string path_;
+  std::unique_ptr<FolderListing> listing_;
+};
+
 class FaultyFiles::OpenedForAppend : public AppendFile {
  public:
   OpenedForAppend(FaultyFiles& faults, std::string path, std::unique_ptr<AppendFile> file)
@@ -42,6 +60,7 @@ class FaultyFiles::Opened : public RandomAccessFile {
 
 FileError FaultyFiles::Enter(FileCall call, const std::string& path, const std::string& otherPath) {
   const int n = ++counts_[static_cast<std::size_t>(call)];
+  if (++all_ == any_.first) return any_.second;
   for (const Rule& rule : rules_) {
     const bool isPath = rule.path.empty() || rule.path == path || rule.path == otherPath;
     if (rule.call == call && rule.first <= n && n <= rule.last && isPath) return rule.error;
@@ -53,6 +72,12 @@ bool FaultyFiles::Fails(FileCall call, const std::string& path, FileError* error
   const FileError fault = Enter(call, path);
   if (fault != FileError::None && error != nullptr) *error = fault;
   return fault != FileError::None;
+}
+
+std::unique_ptr<FolderListing> FaultyFiles::ListFolder(const std::string& path, FileError* error) {
+  if (Fails(FileCall::List, path, error)) return nullptr;
+  auto listing = files_.ListFolder(path, error);
+  return listing ? std::make_unique<Listed>(*this, path, std::move(listing)) : nullptr;
 }
 
 std::unique_ptr<AppendFile> FaultyFiles::OpenForAppend(const std::string& path,

@@ -4,13 +4,15 @@
 #include <array>
 #include <limits>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "platform/files.h"
 
 namespace tallowbrook {
 
-// Write counts those of every AppendFile given out; Read and WriteAt those of every file opened.
+// Write counts those of every AppendFile given out; Read and WriteAt those of every file opened;
+// EntryFacts those of every listing.
 enum class FileCall {
   List,
   Rename,
@@ -24,7 +26,11 @@ enum class FileCall {
   Read,
   WriteAt,
   CopyPadded,
-  SetTime
+  SetTime,
+  Facts,
+  EntryFacts,
+  Exists,
+  ReadWhole
 };
 
 // Outlives what it gives out. A failing call never reaches the real files.
@@ -33,18 +39,23 @@ class FaultyFiles : public Files {
   explicit FaultyFiles(Files& files) : files_(files) {}
 
   int Count(FileCall call) const { return counts_[static_cast<std::size_t>(call)]; }
+  int CountAll() const { return all_; }
   // The n-th call of that kind from 1; earlier calls count.
   void FailAt(FileCall call, int n, FileError error) { rules_.push_back({call, n, n, {}, error}); }
+  // The n-th call of whatever kind from 1; earlier calls count.
+  void FailAnyAt(int n, FileError error) { any_ = {n, error}; }
   // Every call on that path; of Rename, Move and Copy either path.
   void FailPath(FileCall call, const std::string& path, FileError error) {
     rules_.push_back({call, 1, std::numeric_limits<int>::max(), path, error});
   }
 
-  std::unique_ptr<FolderListing> ListFolder(const std::string& path, FileError* error) override {
-    return Fails(FileCall::List, path, error) ? nullptr : files_.ListFolder(path, error);
+  std::unique_ptr<FolderListing> ListFolder(const std::string& path, FileError* error) override;
+  std::optional<FileFacts> Facts(const std::string& path) override {
+    return Fails(FileCall::Facts, path) ? std::nullopt : files_.Facts(path);
   }
-  std::optional<FileFacts> Facts(const std::string& path) override { return files_.Facts(path); }
-  bool Exists(const std::string& path) override { return files_.Exists(path); }
+  bool Exists(const std::string& path) override {
+    return !Fails(FileCall::Exists, path) && files_.Exists(path);
+  }
   FileError Rename(const std::string& folder, const std::string& name,
                    const std::string& newName) override {
     const FileError fault =
@@ -72,7 +83,7 @@ class FaultyFiles : public Files {
     return fault != FileError::None ? fault : files_.CopyPadded(path, padding, copy);
   }
   std::optional<std::string> ReadWhole(const std::string& path) override {
-    return files_.ReadWhole(path);
+    return Fails(FileCall::ReadWhole, path) ? std::nullopt : files_.ReadWhole(path);
   }
   std::unique_ptr<AppendFile> OpenForAppend(const std::string& path, std::string_view wholeEnds,
                                             FileError* error) override;
@@ -80,11 +91,12 @@ class FaultyFiles : public Files {
                                          FileError* error) override;
   std::optional<FileTimes> SetTime(const std::string& path, std::optional<FileTime> which,
                                    std::int64_t posixSeconds) override {
-    if (Fails(FileCall::SetTime, path, nullptr)) return std::nullopt;
+    if (Fails(FileCall::SetTime, path)) return std::nullopt;
     return files_.SetTime(path, which, posixSeconds);
   }
 
  private:
+  class Listed;
   class OpenedForAppend;
   class Opened;
   struct Rule {
@@ -96,10 +108,12 @@ class FaultyFiles : public Files {
 
   // Counts one call and gives the error that it has to fail with, None for a call to pass on.
   FileError Enter(FileCall call, const std::string& path, const std::string& otherPath = {});
-  bool Fails(FileCall call, const std::string& path, FileError* error);
+  bool Fails(FileCall call, const std::string& path, FileError* error = nullptr);
 
   Files& files_;
-  std::array<int, 13> counts_{};
+  std::array<int, static_cast<std::size_t>(FileCall::ReadWhole) + 1> counts_{};
+  int all_ = 0;
+  std::pair<int, FileError> any_{0, FileError::None};
   std::vector<Rule> rules_;
 };
 
