@@ -27,6 +27,7 @@ char ByteOf(char32_t code) {
 }  // namespace
 
 std::string FromCodePage(std::string_view bytes) {
+  if (IsAscii(bytes)) return std::string(bytes);
   std::string text;
   text.reserve(bytes.size());
   for (const char c : bytes) {

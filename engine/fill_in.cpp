@@ -4,10 +4,6 @@
 
 namespace tallowbrook {
 
-namespace {
-constexpr std::size_t mostBytes = 64 << 10;
-}
-
 void FillIn(std::string& text, std::string_view keyword, std::string_view value, bool ignoreCase) {
   std::size_t first = ignoreCase ? FindIgnoringCase(text, keyword) : text.find(keyword);
   if (first == std::string::npos) return;
@@ -16,7 +12,7 @@ void FillIn(std::string& text, std::string_view keyword, std::string_view value,
     rest.remove_prefix(first + keyword.size());
     first = ignoreCase ? FindIgnoringCase(rest, keyword) : rest.find(keyword);
   }
-  if (text.size() + count * value.size() - count * keyword.size() > mostBytes &&
+  if (text.size() + count * value.size() - count * keyword.size() > mostFilledIn &&
       value.size() > keyword.size()) {
     return;
   }

@@ -1,6 +1,7 @@
 #include "engine/keyword_mask.h"
 
-#include <span>
+#include <optional>
+#include <unordered_map>
 
 #include "base/decimal.h"
 #include "base/guards.h"
@@ -19,65 +20,73 @@ constexpr std::string_view noFolder = "<foldername>";
 // Of functions: what is ill-formed stays, and is found again and again until they are over.
 constexpr int mostPasses = 26;
 
+enum class Fact { Folder, BaseName, FullName, Extension, Now, Created, Modified, Taken, Photo };
 enum class Form { Plain, TwoDigits, LastTwoDigits };
-struct DateKeyword {
+// What stands for a keyword. In the order in which they are replaced; one line a keyword.
+struct FactKeyword {
   std::string_view keyword;
-  int DateFields::*field;
-  Form form;
+  Fact fact;
+  int DateFields::*field = nullptr;  // of dates
+  Form form = Form::Plain;
+  std::int32_t tag = 0;  // of Photo
 };
-// One line a keyword.
 // clang-format off
-constexpr DateKeyword presentDate[] = {
-    {"<d>", &DateFields::day, Form::Plain},
-    {"<dd>", &DateFields::day, Form::TwoDigits},
-    {"<m>", &DateFields::month, Form::Plain},
-    {"<mm>", &DateFields::month, Form::TwoDigits},
-    {"<yy>", &DateFields::year, Form::LastTwoDigits},
-    {"<yyyy>", &DateFields::year, Form::Plain},
-};
-constexpr DateKeyword createdDate[] = {
-    {"<fcd>", &DateFields::day, Form::Plain},
-    {"<fcdd>", &DateFields::day, Form::TwoDigits},
-    {"<fcm>", &DateFields::month, Form::Plain},
-    {"<fcmm>", &DateFields::month, Form::TwoDigits},
-    {"<fcyy>", &DateFields::year, Form::LastTwoDigits},
-    {"<fcyyyy>", &DateFields::year, Form::Plain},
-};
-constexpr DateKeyword modifiedDate[] = {
-    {"<fmd>", &DateFields::day, Form::Plain},
-    {"<fmdd>", &DateFields::day, Form::TwoDigits},
-    {"<fmm>", &DateFields::month, Form::Plain},
-    {"<fmmm>", &DateFields::month, Form::TwoDigits},
-    {"<fmyy>", &DateFields::year, Form::LastTwoDigits},
-    {"<fmyyyy>", &DateFields::year, Form::Plain},
-};
-constexpr DateKeyword exifDate[] = {
-    {"<exif_d>", &DateFields::day, Form::Plain},
-    {"<exif_dd>", &DateFields::day, Form::TwoDigits},
-    {"<exif_m>", &DateFields::month, Form::Plain},
-    {"<exif_mm>", &DateFields::month, Form::TwoDigits},
-    {"<exif_yy>", &DateFields::year, Form::LastTwoDigits},
-    {"<exif_yyyy>", &DateFields::year, Form::Plain},
-    {"<exif_h>", &DateFields::hour, Form::Plain},
-    {"<exif_hh>", &DateFields::hour, Form::TwoDigits},
-    {"<exif_M>", &DateFields::minute, Form::Plain},
-    {"<exif_MM>", &DateFields::minute, Form::TwoDigits},
-    {"<exif_s>", &DateFields::second, Form::Plain},
-    {"<exif_ss>", &DateFields::second, Form::TwoDigits},
+constexpr FactKeyword factKeywords[] = {
+    {"<folder>", Fact::Folder},
+    {"<filename>", Fact::BaseName},
+    {"<fullfilename>", Fact::FullName},
+    {"<ext>", Fact::Extension},
+    {"<d>", Fact::Now, &DateFields::day},
+    {"<dd>", Fact::Now, &DateFields::day, Form::TwoDigits},
+    {"<m>", Fact::Now, &DateFields::month},
+    {"<mm>", Fact::Now, &DateFields::month, Form::TwoDigits},
+    {"<yy>", Fact::Now, &DateFields::year, Form::LastTwoDigits},
+    {"<yyyy>", Fact::Now, &DateFields::year},
+    {"<fcd>", Fact::Created, &DateFields::day},
+    {"<fcdd>", Fact::Created, &DateFields::day, Form::TwoDigits},
+    {"<fcm>", Fact::Created, &DateFields::month},
+    {"<fcmm>", Fact::Created, &DateFields::month, Form::TwoDigits},
+    {"<fcyy>", Fact::Created, &DateFields::year, Form::LastTwoDigits},
+    {"<fcyyyy>", Fact::Created, &DateFields::year},
+    {"<fmd>", Fact::Modified, &DateFields::day},
+    {"<fmdd>", Fact::Modified, &DateFields::day, Form::TwoDigits},
+    {"<fmm>", Fact::Modified, &DateFields::month},
+    {"<fmmm>", Fact::Modified, &DateFields::month, Form::TwoDigits},
+    {"<fmyy>", Fact::Modified, &DateFields::year, Form::LastTwoDigits},
+    {"<fmyyyy>", Fact::Modified, &DateFields::year},
+    {"<exif_d>", Fact::Taken, &DateFields::day},
+    {"<exif_dd>", Fact::Taken, &DateFields::day, Form::TwoDigits},
+    {"<exif_m>", Fact::Taken, &DateFields::month},
+    {"<exif_mm>", Fact::Taken, &DateFields::month, Form::TwoDigits},
+    {"<exif_yy>", Fact::Taken, &DateFields::year, Form::LastTwoDigits},
+    {"<exif_yyyy>", Fact::Taken, &DateFields::year},
+    {"<exif_h>", Fact::Taken, &DateFields::hour},
+    {"<exif_hh>", Fact::Taken, &DateFields::hour, Form::TwoDigits},
+    {"<exif_M>", Fact::Taken, &DateFields::minute},
+    {"<exif_MM>", Fact::Taken, &DateFields::minute, Form::TwoDigits},
+    {"<exif_s>", Fact::Taken, &DateFields::second},
+    {"<exif_ss>", Fact::Taken, &DateFields::second, Form::TwoDigits},
+    {"<exif_width>", Fact::Photo, nullptr, Form::Plain, exif_tag::pixelXDimension},
+    {"<exif_height>", Fact::Photo, nullptr, Form::Plain, exif_tag::pixelYDimension},
+    {"<exif_xres>", Fact::Photo, nullptr, Form::Plain, exif_tag::xResolution},
+    {"<exif_yres>", Fact::Photo, nullptr, Form::Plain, exif_tag::yResolution},
 };
 // clang-format on
 
-struct ExifKeyword {
-  std::string_view keyword;
-  std::int32_t tag;
-  bool isRational;  // loses every "/1"
-};
-constexpr ExifKeyword exifValues[] = {
-    {"<exif_width>", exif_tag::pixelXDimension, false},
-    {"<exif_height>", exif_tag::pixelYDimension, false},
-    {"<exif_xres>", exif_tag::xResolution, true},
-    {"<exif_yres>", exif_tag::yResolution, true},
-};
+const FactKeyword* FindKeyword(std::string_view keyword) {
+  static const auto known = [] {
+    std::unordered_map<std::string_view, const FactKeyword*> rows;
+    for (const FactKeyword& row : factKeywords) rows.emplace(row.keyword, &row);
+    return rows;
+  }();
+  const auto found = known.find(keyword);
+  return found != known.end() ? found->second : nullptr;
+}
+
+bool IsPhotoName(std::string_view extension) {
+  const std::string upper = ToUpper(extension);
+  return upper == "JPG" || upper == "JPEG";
+}
 
 bool Holds(std::string_view mask, std::string_view text) {
   return mask.find(text) != std::string_view::npos;
@@ -87,23 +96,92 @@ void Replace(std::string& mask, std::string_view keyword, std::string_view value
   FillIn(mask, keyword, value, false);
 }
 
-bool HoldsAny(std::string_view mask, std::span<const DateKeyword> keywords) {
-  for (const DateKeyword& row : keywords) {
-    if (Holds(mask, row.keyword)) return true;
-  }
-  return false;
-}
-
 std::string Shown(int value, Form form) {
   if (form == Form::LastTwoDigits) value %= 100;
   return (form != Form::Plain && value < 10 ? "0" : "") + std::to_string(value);
 }
 
-void ReplaceDate(std::string& mask, std::span<const DateKeyword> keywords, Date date) {
-  const DateFields fields = FieldsOf(date);
-  for (const DateKeyword& row : keywords) {
-    Replace(mask, row.keyword, Shown(fields.*row.field, row.form));
+// The facts of one file, each read when it is first asked for.
+class FileFactsOnDemand {
+ public:
+  struct Names {
+    std::string_view base, full, folder, extension;
+  };
+  FileFactsOnDemand(Files& files, Clock& clock, const Names& names)
+      : files_(files), clock_(clock), names_(names), isPhoto_(IsPhotoName(names.extension)) {}
+
+  bool IsPhoto() const { return isPhoto_; }
+  // A photo without a date shows the fields of the zero date; other facts that it lacks are empty,
+  // and all of them for what is no photo.
+  std::string ValueOf(const FactKeyword& row);
+  void ReadPhoto();
+
+ private:
+  DateFields FieldsFor(Fact fact);
+  void ReadFile();
+  std::string Path() const { return std::string(names_.folder).append(names_.full); }
+
+  Files& files_;
+  Clock& clock_;
+  Names names_;
+  bool isPhoto_;
+  std::optional<DateFields> created_, modified_, taken_;
+  std::optional<ExifReader> exif_;
+};
+
+std::string FileFactsOnDemand::ValueOf(const FactKeyword& row) {
+  switch (row.fact) {
+    case Fact::Folder:
+      return std::string(LastFolderName(names_.folder));
+    case Fact::BaseName:
+      return std::string(names_.base);
+    case Fact::FullName:
+      return std::string(names_.full);
+    case Fact::Extension:
+      return std::string(names_.extension);
+    case Fact::Photo: {
+      if (!isPhoto_) return {};
+      ReadPhoto();
+      std::string value = ExifText(exif_->Tag(row.tag));
+      const bool isRational = row.tag == exif_tag::xResolution || row.tag == exif_tag::yResolution;
+      if (isRational) FillIn(value, "/1", {}, false);
+      return value;
+    }
+    case Fact::Taken:
+      if (!isPhoto_) return {};
+      break;
+    default:
+      break;
   }
+  return Shown(FieldsFor(row.fact).*row.field, row.form);
+}
+
+// The clock is looked at anew for each keyword of the present date.
+DateFields FileFactsOnDemand::FieldsFor(Fact fact) {
+  if (fact == Fact::Now) return FieldsOf(clock_.Now());
+  if (fact == Fact::Taken) {
+    ReadPhoto();
+    return *taken_;
+  }
+  ReadFile();
+  return fact == Fact::Created ? *created_ : *modified_;
+}
+
+// The date of creation is in universal time, that of modification in local time. A date that can't
+// be had is the one before it: the other one, or the present.
+void FileFactsOnDemand::ReadFile() {
+  if (created_) return;
+  const std::optional<FileFacts> facts = files_.Facts(Path());
+  const Date created = GetFileCreated(facts).value_or(clock_.Now());
+  created_ = FieldsOf(created);
+  modified_ = FieldsOf(facts ? clock_.Local(facts->modified) : created);
+}
+
+void FileFactsOnDemand::ReadPhoto() {
+  if (exif_) return;
+  exif_.emplace(files_);
+  Attempt([this] { exif_->Load(Path()); });
+  taken_ = FieldsOf(ParseExifDate(ExifText(exif_->Tag(exif_tag::dateTimeOriginal))));
 }
 
 // A number that can't be read leaves the one of the pass before: the length of the last good token,
@@ -154,15 +232,15 @@ std::string KeywordMask::ExpandKeywords(std::string mask, std::string_view baseN
                                         std::string_view fullName, std::string_view folder,
                                         std::string_view extension) {
   if (folder.empty()) folder = noFolder;
-  const std::string path = std::string(folder).append(fullName);
-  Replace(mask, "<folder>", LastFolderName(folder));
-  Replace(mask, "<filename>", baseName);
-  Replace(mask, "<fullfilename>", fullName);
-  Replace(mask, "<ext>", extension);
-  ExpandPresentDate(mask);
-  ExpandFileDates(mask, path);
-  const std::string upper = ToUpper(extension);
-  if (upper == "JPG" || upper == "JPEG") ExpandExif(mask, path);
+  FileFactsOnDemand facts(files_, clock_, {baseName, fullName, folder, extension});
+  const auto valueOf = [&](const FactKeyword& row) { return facts.ValueOf(row); };
+  if (auto filled = FillInAtOnce(mask, FindKeyword, valueOf)) return *std::move(filled);
+  for (const FactKeyword& row : factKeywords) {
+    const bool isOfPhotos = row.fact == Fact::Taken || row.fact == Fact::Photo;
+    if (isOfPhotos && !facts.IsPhoto()) break;
+    if (isOfPhotos && Holds(mask, "<exif_")) facts.ReadPhoto();
+    if (Holds(mask, row.keyword)) Replace(mask, row.keyword, facts.ValueOf(row));
+  }
   ExpandCuts(mask, "<left,", [&](std::int32_t n) { return *LeftCharacters(baseName, n); });
   ExpandCuts(mask, "<right,", [&](std::int32_t n) { return *RightCharacters(baseName, n); });
   ExpandMiddles(mask, baseName);
@@ -171,38 +249,6 @@ std::string KeywordMask::ExpandKeywords(std::string mask, std::string_view baseN
   // inserted.
   for (const Keyword& row : AdvancedKeywords()) Replace(mask, row.keyword, {});
   return mask;
-}
-
-// The clock is looked at anew for each.
-void KeywordMask::ExpandPresentDate(std::string& mask) {
-  for (const DateKeyword& row : presentDate) {
-    if (Holds(mask, row.keyword)) ReplaceDate(mask, {&row, 1}, clock_.Now());
-  }
-}
-
-// The date of creation is in universal time, that of modification in local time. A date that can't
-// be had is the one before it: the other one, or the present.
-void KeywordMask::ExpandFileDates(std::string& mask, const std::string& path) {
-  if (!HoldsAny(mask, createdDate) && !HoldsAny(mask, modifiedDate)) return;
-  const std::optional<FileFacts> facts = files_.Facts(path);
-  Date date = GetFileCreated(facts).value_or(clock_.Now());
-  ReplaceDate(mask, createdDate, date);
-  if (facts) date = clock_.Local(facts->modified);
-  ReplaceDate(mask, modifiedDate, date);
-}
-
-// A photo without a date shows the fields of the zero date; other facts that it lacks are empty.
-void KeywordMask::ExpandExif(std::string& mask, const std::string& path) {
-  if (!Holds(mask, "<exif_")) return;
-  ExifReader exif(files_);
-  Attempt([&] { exif.Load(path); });
-  const std::string taken = ExifText(exif.Tag(exif_tag::dateTimeOriginal));
-  ReplaceDate(mask, exifDate, ParseExifDate(taken));
-  for (const ExifKeyword& row : exifValues) {
-    std::string value = ExifText(exif.Tag(row.tag));
-    if (row.isRational) Replace(value, "/1", {});
-    Replace(mask, row.keyword, value);
-  }
 }
 
 }  // namespace tallowbrook

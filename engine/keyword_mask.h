@@ -21,10 +21,6 @@ class KeywordMask {
                              std::string_view folder, std::string_view extension);
 
  private:
-  void ExpandPresentDate(std::string& mask);
-  void ExpandFileDates(std::string& mask, const std::string& path);
-  void ExpandExif(std::string& mask, const std::string& path);
-
   Files& files_;
   Clock& clock_;
 };

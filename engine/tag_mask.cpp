@@ -1,6 +1,7 @@
 #include "engine/tag_mask.h"
 
 #include <span>
+#include <unordered_map>
 
 #include "base/guards.h"
 #include "base/letter_case.h"
@@ -108,6 +109,24 @@ bool Fill(std::string& text, const Tag& tag, std::span<const TagKeyword<Tag>> ke
   return missing;
 }
 
+// A keyword of either tag.
+struct TagFact {
+  const TagKeyword<V1>* v1 = nullptr;
+  const TagKeyword<V2>* v2 = nullptr;
+};
+
+// In whatever case.
+const TagFact* FindKeyword(std::string_view keyword) {
+  static const auto known = [] {
+    std::unordered_map<std::string, TagFact> facts;
+    for (const auto& row : v1Keywords) facts[ToLower(row.keyword)].v1 = &row;
+    for (const auto& row : v2Keywords) facts[ToLower(row.keyword)].v2 = &row;
+    return facts;
+  }();
+  const auto found = known.find(ToLower(keyword));
+  return found != known.end() ? &found->second : nullptr;
+}
+
 bool IsMp3Name(std::string_view name) {
   return name.size() >= mp3Extension.size() &&
          EqualIgnoringCase(name.substr(name.size() - mp3Extension.size()), mp3Extension);
@@ -123,31 +142,36 @@ std::string TagMask::Compose(const std::string& mask, TagMaskRules rules,
                              std::string_view directory, std::string_view fileName) {
   if (!IsMp3Name(fileName)) return Refusal("Not an MP3 File");
   const std::string path = std::string(directory).append(fileName);
-  std::string text = mask;
+  const Wanted wanted{Holds(mask, "<v1"), Holds(mask, "<v2")};
+  if (wanted.v1) Attempt([&] { v1_.SetMP3File(path); });
+  if (wanted.v2) Attempt([&] { v2_.SetMP3File(path); });
   bool missing = false;
-  // What version 1 put in is searched for the keywords of version 2.
-  if (Holds(mask, "<v1")) {
-    Attempt([&] { v1_.SetMP3File(path); });
-    if (v1_.HasID3v1Tag()) {
-      missing = Fill<V1>(text, v1_, v1Keywords);
-    } else {
-      text = Refusal("ID3v1 tag not found");
-    }
-  }
-  if (Holds(mask, "<v2")) {
-    Attempt([&] { v2_.SetMP3File(path); });
-    if (v2_.HasID3v2Tag()) {
-      missing = Fill<V2>(text, v2_, v2Keywords) || missing;
-    } else {
-      text = Refusal("ID3v2 tag not found");
-    }
-  }
+  std::string text = FillTags(mask, wanted, missing);
   if (rules.allInfoPresent && (missing || Holds(text, "<v1") || Holds(text, "<v2"))) {
     text = Refusal("(missing information)");
   }
   if (rules.mp3Extension && !text.starts_with(FailureMarker) && !IsMp3Name(text)) {
     text += mp3Extension;
   }
+  return text;
+}
+
+// `missing` tells whether a field that the mask asks for is.
+std::string TagMask::FillTags(const std::string& mask, Wanted wanted, bool& missing) const {
+  const bool lacksV1 = wanted.v1 && !v1_.HasID3v1Tag();
+  const bool lacksV2 = wanted.v2 && !v2_.HasID3v2Tag();
+  if (!lacksV1 && !lacksV2) {
+    const auto filled = FillInAtOnce(mask, FindKeyword, [&](const TagFact& fact) {
+      missing = missing || (fact.v1 ? fact.v1->isMissing(v1_) : fact.v2->isMissing(v2_));
+      return fact.v1 ? fact.v1->value(v1_) : fact.v2->value(v2_);
+    });
+    if (filled) return *filled;
+  }
+  // What version 1 put in is searched for the keywords of version 2.
+  std::string text = lacksV1 ? Refusal("ID3v1 tag not found") : mask;
+  missing = wanted.v1 && !lacksV1 && Fill<V1>(text, v1_, v1Keywords);
+  if (lacksV2) return Refusal("ID3v2 tag not found");
+  if (wanted.v2) missing = Fill<V2>(text, v2_, v2Keywords) || missing;
   return text;
 }
 

@@ -27,6 +27,11 @@ class TagMask {
                       std::string_view fileName);
 
  private:
+  struct Wanted {
+    bool v1, v2;
+  };
+  std::string FillTags(const std::string& mask, Wanted wanted, bool& missing) const;
+
   cMP3ID3v1 v1_;
   cMP3ID3v2 v2_;
 };

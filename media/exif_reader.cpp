@@ -45,7 +45,7 @@ void AppendDecimals(std::string& text, std::span<const char> bytes) {
 }  // namespace
 
 unsigned ExifReader::Byte(std::int64_t at) const {
-  if (at < 0 || at >= std::ssize(image_)) Raise(failureSubscript, SourceOf(reader));
+  if (at < 0 || at >= std::ssize(image_)) Raise(failureSubscript, reader);
   return static_cast<unsigned char>(image_[static_cast<std::size_t>(at)]);
 }
 
@@ -60,7 +60,7 @@ std::int32_t ExifReader::Long(std::int64_t at) const {
   const auto first = static_cast<std::uint32_t>(Short(at));
   const auto second = static_cast<std::uint32_t>(Short(at + 2));
   const std::uint32_t value = littleEndian_ ? second << 16 | first : first << 16 | second;
-  if (value > INT32_MAX) Raise(failureOverflow, SourceOf(reader));
+  if (value > INT32_MAX) Raise(failureOverflow, reader);
   return static_cast<std::int32_t>(value);
 }
 
@@ -81,23 +81,23 @@ void ExifReader::ReadHead() {
   FileError error = FileError::None;
   const std::unique_ptr<RandomAccessFile> file =
       files_.Open(picFile, FileAccess::ReadOrCreate, &error);
-  RaiseOnError(error, SourceOf(reader));
+  RaiseOnError(error, reader);
   const std::int64_t last = std::min(file->Size(), highestIndex);
   image_.assign(static_cast<std::size_t>(last) + 1, 0);
   std::size_t got = 0;
-  if (file->Size() > 0) RaiseOnError(file->Read(0, image_, got), SourceOf(reader));
+  if (file->Size() > 0) RaiseOnError(file->Read(0, image_, got), reader);
 }
 
 // A start marker of which either byte is right will do. The first FF E1 in the head is taken for
 // the segment's marker, whatever segment it stands in. Both are wanted.
 void ExifReader::CheckHead() {
-  if (Byte(1) != 0xD8 && Byte(0) != 0xFF) Raise(failureInvalidArgument, SourceOf(reader));
+  if (Byte(1) != 0xD8 && Byte(0) != 0xFF) Raise(failureInvalidArgument, reader);
   const std::string_view head(image_.data(), image_.size());
   const std::size_t found = head.find("\xFF\xE1", 2);
   const std::size_t marker = found != std::string_view::npos ? found : 0;
   tiffStart_ = static_cast<std::int32_t>(marker) + 10;
   if (head.size() < marker + 8 || head.substr(marker + 4, 4) != "Exif") {
-    Raise(failureInvalidArgument, SourceOf(reader));
+    Raise(failureInvalidArgument, reader);
   }
 }
 
@@ -227,14 +227,14 @@ ExifValue ExifReader::InlineValue(const TagRecord& record) const {
 std::int32_t ExifReader::AsNumber(const TagRecord& record) const {
   constexpr std::int32_t mostBytes = 32;
   if (ByOffset(record) && record.Components > mostBytes) {
-    Raise(failureInvalidArgument, SourceOf(reader));
+    Raise(failureInvalidArgument, reader);
   }
   const ExifValue value = ValueOf(record);
   if (const auto* number = std::get_if<std::int32_t>(&value)) return *number;
   const auto* text = std::get_if<std::string>(&value);
   if (text == nullptr) return 0;
   const std::optional<std::int32_t> whole = WholeNumber(*text);
-  if (!whole) Raise(failureInvalidArgument, SourceOf(reader));
+  if (!whole) Raise(failureInvalidArgument, reader);
   return *whole;
 }
 
@@ -261,9 +261,26 @@ std::string ReadExifTag(Files& files, const std::string& path, std::int32_t numb
   return ExifText(exif.Tag(number));
 }
 
+// "2024:02:09 07:05:03" as nearly all cameras write it; nothing for whatever is written otherwise.
+std::optional<Date> ParseUsualDate(std::string_view text) {
+  constexpr std::string_view form = "0000:00:00 00:00:00";
+  if (text.size() != form.size()) return std::nullopt;
+  for (std::size_t i = 0; i < form.size(); ++i) {
+    if (form[i] == '0' ? !IsDigit(text[i]) : text[i] != form[i]) return std::nullopt;
+  }
+  const auto number = [text](std::size_t at, std::size_t digits) {
+    int value = 0;
+    for (const char c : text.substr(at, digits)) value = value * 10 + (c - '0');
+    return value;
+  };
+  return MakeDate(
+      {number(0, 4), number(5, 2), number(8, 2), number(11, 2), number(14, 2), number(17, 2)});
+}
+
 Date ParseExifDate(std::string_view text) {
   // A date alone ends in the NUL that belongs to the time otherwise.
   text = text.substr(0, text.find_last_not_of('\0') + 1);
+  if (const std::optional<Date> usual = ParseUsualDate(text)) return *usual;
   const std::size_t blank = text.find(' ');
   const std::vector<std::string_view> numbers = Split(text.substr(0, blank), ':');
   if (numbers.size() < 3) return {};

@@ -53,14 +53,14 @@ std::uint32_t NumberOf(FileError error) {
 
 }  // namespace
 
-void RaiseOnError(FileError error, std::string_view source) {
-  if (error != FileError::None) Raise(NumberOf(error), source);
+void RaiseOnError(FileError error, std::string_view reader) {
+  if (error != FileError::None) Raise(NumberOf(error), reader);
 }
 
-void Raise(std::uint32_t number, std::string_view source) {
+void Raise(std::uint32_t number, std::string_view reader) {
   const auto* found = std::ranges::find(descriptions, number, &Description::number);
   const std::string_view text = found != std::end(descriptions) ? found->text : "Unknown failure";
-  throw Failure{number, std::string(source), std::string(text)};
+  throw Failure{number, SourceOf(reader), std::string(text)};
 }
 
 std::string SourceOf(std::string_view reader) {

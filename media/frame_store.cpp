@@ -19,7 +19,7 @@ std::size_t SecretFactor() {
 }
 
 [[noreturn]] void RaiseHere(std::uint32_t number) {
-  Raise(number, SourceOf("cMP3ID3v2"));
+  Raise(number, "cMP3ID3v2");
 }
 
 }  // namespace

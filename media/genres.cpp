@@ -39,10 +39,7 @@ constexpr std::string_view names[] = {
 // clang-format on
 static_assert(std::size(names) == 148 && names[17] == "Rock" && names[147] == "Synth Pop");
 
-const std::string& Source() {
-  static const std::string source = SourceOf("GenreLists");
-  return source;
-}
+constexpr std::string_view reader = "GenreLists";
 
 // As Split, but an empty text has no pieces at all: what is asked of it fails.
 std::vector<std::string_view> Pieces(std::string_view text, std::string_view separator) {
@@ -57,13 +54,13 @@ std::vector<std::string_view> Pieces(std::string_view text, std::string_view sep
 }
 
 std::string_view Piece(const std::vector<std::string_view>& pieces, std::size_t index) {
-  if (index >= pieces.size()) Raise(failureSubscript, Source());
+  if (index >= pieces.size()) Raise(failureSubscript, reader);
   return pieces[index];
 }
 
 std::int16_t Number(std::string_view text) {
   const std::optional<std::int16_t> number = WholeNumber<std::int16_t>(text);
-  if (!number) Raise(failureOverflow, Source());
+  if (!number) Raise(failureOverflow, reader);
   return *number;
 }
 
@@ -85,10 +82,10 @@ void Fill(std::vector<std::string>& texts, std::vector<std::int16_t>& ids, std::
 }
 
 std::string ReadOrCreate(Files& files, const std::string& path) {
-  const auto file = OpenOrRaise(files, path, FileAccess::ReadOrCreate, Source());
+  const auto file = OpenOrRaise(files, path, FileAccess::ReadOrCreate, reader);
   std::string text(static_cast<std::size_t>(file->Size()), '\0');
   std::size_t got = 0;
-  RaiseOnError(file->Read(0, text, got), Source());
+  RaiseOnError(file->Read(0, text, got), reader);
   text.resize(got);
   return text;
 }

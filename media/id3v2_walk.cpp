@@ -81,7 +81,7 @@ void WalkTag(BufferedFile& file, std::int64_t at, std::uint8_t& version,
     if (IsAllZero(id)) return;  // the padding
     std::int64_t size = BigEndian(header.substr(layout.idWidth, layout.sizeWidth));
     if (charged + size > tagSize) return;
-    if (size < 0) Raise(failureInvalidArgument, SourceOf("cMP3ID3v2"));
+    if (size < 0) Raise(failureInvalidArgument, "cMP3ID3v2");
     at += static_cast<std::int64_t>(layout.headerWidth);
     ReadText(file, at, size, tagSize - charged, text);
     at += size;

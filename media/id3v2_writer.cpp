@@ -21,7 +21,7 @@ constexpr std::string_view padding{"\0\0\0\0", 4};  // ends the walk over the fr
 constexpr std::int64_t roomUnit = 2048;
 
 [[noreturn]] void RaiseHere(std::uint32_t number) {
-  Raise(number, SourceOf("cMP3ID3v2"));
+  Raise(number, "cMP3ID3v2");
 }
 
 // Into four bytes, highest first; failureOverflow for 65536 and more.
@@ -77,7 +77,7 @@ std::int64_t Difference(std::int64_t newSize, std::int64_t oldSize) {
 // For a moment nothing stands at the path. If deleting fails, the original is
 // whole and the copy stays beside it; if moving fails, the copy is the only one and stays.
 std::unique_ptr<RandomAccessFile> cMP3ID3v2::InsertPadding(std::int64_t count) {
-  const std::string source = SourceOf("cMP3ID3v2");
+  constexpr std::string_view source = "cMP3ID3v2";
   PaddedCopy copy;
   RaiseOnError(files_.CopyPadded(path_, count, copy), source);
   RaiseOnError(files_.Delete(copy.original), source);
@@ -88,7 +88,7 @@ std::unique_ptr<RandomAccessFile> cMP3ID3v2::InsertPadding(std::int64_t count) {
 // What can't be put into an image is found before the file is opened. A missing file is made, and
 // stays, empty. What was in an old tag behind a new one that fits isn't cleared.
 void cMP3ID3v2::Update() {
-  const std::string source = SourceOf("cMP3ID3v2");
+  constexpr std::string_view source = "cMP3ID3v2";
   std::string image = BuildImage(Store());
   auto file = OpenOrRaise(files_, path_, FileAccess::WriteOrCreate, source);
   BufferedFile reader(*file, source);

@@ -31,9 +31,7 @@ constexpr TextField textFields[] = {{&cMP3ID3v1::Title, 30},
                                     {&cMP3ID3v1::Year, 4},
                                     {&cMP3ID3v1::Comment, 28}};
 
-std::string Source() {
-  return SourceOf("cMP3ID3v1");
-}
+constexpr std::string_view reader = "cMP3ID3v1";
 
 using TagBytes = std::array<char, tagSize>;
 
@@ -41,7 +39,7 @@ using TagBytes = std::array<char, tagSize>;
 std::string_view ReadTag(RandomAccessFile& file, TagBytes& bytes) {
   bytes.fill('\0');
   std::size_t got = 0;
-  RaiseOnError(file.Read(file.Size() - tagSize, bytes, got), Source());
+  RaiseOnError(file.Read(file.Size() - tagSize, bytes, got), reader);
   return {bytes.data(), bytes.size()};
 }
 
@@ -71,7 +69,7 @@ void cMP3ID3v1::SetMP3File(std::string_view path) {
   for (const TextField& field : textFields) (this->*field.text).clear();
   Genre = 255;
   Track = 0;
-  const auto file = OpenOrRaise(files_, path_, FileAccess::Read, Source());
+  const auto file = OpenOrRaise(files_, path_, FileAccess::Read, reader);
   // The tag must have something before it.
   if (file->Size() <= tagSize) return;
   TagBytes bytes;
@@ -89,9 +87,9 @@ void cMP3ID3v1::SetMP3File(std::string_view path) {
 
 // A new tag begins on the last byte of the file, which is lost, and not behind it. This is wanted.
 void cMP3ID3v1::Update() {
-  const auto file = OpenOrRaise(files_, path_, FileAccess::WriteOrCreate, Source());
+  const auto file = OpenOrRaise(files_, path_, FileAccess::WriteOrCreate, reader);
   if (file->Size() <= 0) {
-    throw Failure{failureInvalidFile, Source(), path_ + " is not a valid MP3 file."};
+    throw Failure{failureInvalidFile, SourceOf(reader), path_ + " is not a valid MP3 file."};
   }
   if (file->Size() <= tagSize) return;
   TagBytes bytes;
@@ -100,7 +98,7 @@ void cMP3ID3v1::Update() {
   for (const TextField& field : textFields) tag += Padded(this->*field.text, field.width);
   tag += {'\0', static_cast<char>(Track), static_cast<char>(Genre)};
   const std::int64_t at = file->Size() - (hasTag ? tagSize : 1);
-  RaiseOnError(file->Write(at, tag), Source());
+  RaiseOnError(file->Write(at, tag), reader);
 }
 
 }  // namespace tallowbrook

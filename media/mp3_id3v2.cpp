@@ -50,8 +50,8 @@ void cMP3ID3v2::SetMP3File(std::string_view path) {
   path_ = path;
   Reset();
   // A file that can't be opened is told in the other reader's name: callers know it by that.
-  const auto file = OpenOrRaise(files_, path_, FileAccess::Read, SourceOf("cMP3ID3v1"));
-  const std::string source = SourceOf("cMP3ID3v2");
+  const auto file = OpenOrRaise(files_, path_, FileAccess::Read, "cMP3ID3v1");
+  constexpr std::string_view source = "cMP3ID3v2";
   BufferedFile reader(*file, source);
   const std::int64_t position = FindTagPosition(reader);
   if (position < 1) return;
@@ -93,12 +93,12 @@ void cMP3ID3v2::TakeGenre(std::string_view text) {
 }
 
 FrameStore& cMP3ID3v2::Store() {
-  if (!store_) Raise(failureObjectNotSet, SourceOf("cMP3ID3v2"));
+  if (!store_) Raise(failureObjectNotSet, "cMP3ID3v2");
   return *store_;
 }
 
 const FrameStore& cMP3ID3v2::Store() const {
-  if (!store_) Raise(failureObjectNotSet, SourceOf("cMP3ID3v2"));
+  if (!store_) Raise(failureObjectNotSet, "cMP3ID3v2");
   return *store_;
 }
 
@@ -125,7 +125,7 @@ void cMP3ID3v2::AddTag(std::string_view id, std::string_view text) {
 }
 
 void cMP3ID3v2::RemoveFrame(std::string_view id) {
-  if (!Store().Remove(ToCodePage(id))) Raise(failureInvalidArgument, SourceOf("cMP3ID3v2"));
+  if (!Store().Remove(ToCodePage(id))) Raise(failureInvalidArgument, "cMP3ID3v2");
 }
 
 void cMP3ID3v2::RemoveFrame(std::int32_t index) {
@@ -134,7 +134,7 @@ void cMP3ID3v2::RemoveFrame(std::int32_t index) {
 
 void cMP3ID3v2::RemoveTag(std::string_view id, std::int32_t number) {
   if (!Store().RemoveText(ToCodePage(id), number)) {
-    Raise(failureInvalidArgument, SourceOf("cMP3ID3v2"));
+    Raise(failureInvalidArgument, "cMP3ID3v2");
   }
 }
 

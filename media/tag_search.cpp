@@ -49,7 +49,7 @@ std::size_t SkipMisses(std::string_view bytes) {
 }  // namespace
 
 std::int64_t FindTagPosition(BufferedFile& file) {
-  if (file.Size() == 0) Raise(failureInvalidArgument, SourceOf("cMP3ID3v2"));
+  if (file.Size() == 0) Raise(failureInvalidArgument, "cMP3ID3v2");
   std::int64_t end = file.Size() - 1;
   std::int64_t at = 0, block = BufferedFile::leastBlock;
   bool isEndKnown = false;
