@@ -143,8 +143,10 @@ std::string TagMask::Compose(const std::string& mask, TagMaskRules rules,
   if (!IsMp3Name(fileName)) return Refusal("Not an MP3 File");
   const std::string path = std::string(directory).append(fileName);
   const Wanted wanted{Holds(mask, "<v1"), Holds(mask, "<v2")};
-  if (wanted.v1) Attempt([&] { v1_.SetMP3File(path); });
-  if (wanted.v2) Attempt([&] { v2_.SetMP3File(path); });
+  const std::unique_ptr<RandomAccessFile> file =
+      wanted.v1 || wanted.v2 ? files_.Open(path, FileAccess::Read) : nullptr;
+  if (wanted.v1) Attempt([&] { v1_.SetMP3File(path, file.get()); });
+  if (wanted.v2) Attempt([&] { v2_.SetMP3File(path, file.get()); });
   bool missing = false;
   std::string text = FillTags(mask, wanted, missing);
   if (rules.allInfoPresent && (missing || Holds(text, "<v1") || Holds(text, "<v2"))) {

@@ -18,7 +18,7 @@ struct TagMaskRules {
 
 class TagMask {
  public:
-  explicit TagMask(Files& files) : v1_(files), v2_(files) {}
+  explicit TagMask(Files& files) : files_(files), v1_(files), v2_(files) {}
 
   // The name that the mask gives to a file, or FailureMarker and why there is none. Keywords are
   // found in whatever case; texts of the tags go in as they are. Each tag is read only if the mask
@@ -32,6 +32,7 @@ class TagMask {
   };
   std::string FillTags(const std::string& mask, Wanted wanted, bool& missing) const;
 
+  Files& files_;
   cMP3ID3v1 v1_;
   cMP3ID3v2 v2_;
 };

@@ -20,16 +20,17 @@ std::string_view BufferedFile::Bytes(std::int64_t at, std::int64_t wanted, std::
   if (at < start_ || at + wanted > start_ + held_) {
     const std::int64_t block =
         std::min(std::clamp(std::max(wanted, expected), leastBlock, mostBlock), rest);
-    if (std::ssize(buffer_) < block) buffer_.resize(static_cast<std::size_t>(block));
+    const auto count = static_cast<std::size_t>(block);
+    if (room_ < block) buffer_ = std::make_unique_for_overwrite<char[]>(count);
+    room_ = std::max(room_, block);
     start_ = at;
     held_ = 0;
     std::size_t got = 0;
-    RaiseOnError(file_.Read(at, std::span(buffer_).first(static_cast<std::size_t>(block)), got),
-                 source_);
+    RaiseOnError(file_.Read(at, std::span(buffer_.get(), count), got), source_);
     held_ = static_cast<std::int64_t>(got);
   }
   const std::int64_t count = std::min(wanted, start_ + held_ - at);
-  return {buffer_.data() + (at - start_), static_cast<std::size_t>(count)};
+  return {buffer_.get() + (at - start_), static_cast<std::size_t>(count)};
 }
 
 void BufferedFile::Fill(std::int64_t at, std::span<char> bytes, std::int64_t expected) {

@@ -7,7 +7,6 @@
 #include <span>
 #include <string>
 #include <string_view>
-#include <vector>
 
 #include "platform/files.h"
 
@@ -36,7 +35,8 @@ class BufferedFile {
  private:
   RandomAccessFile& file_;
   std::string_view source_;
-  std::vector<char> buffer_;
+  std::unique_ptr<char[]> buffer_;  // not cleared: it is read into before anybody sees it
+  std::int64_t room_ = 0;
   std::int64_t start_ = 0;  // where in the file the buffer begins
   std::int64_t held_ = 0;   // how much of it is filled
 };

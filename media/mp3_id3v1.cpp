@@ -63,17 +63,19 @@ std::string_view cMP3ID3v1::GenreName(std::uint8_t number) {
   return tallowbrook::GenreName(number);
 }
 
-void cMP3ID3v1::SetMP3File(std::string_view path) {
+void cMP3ID3v1::SetMP3File(std::string_view path, RandomAccessFile* opened) {
   path_ = path;
   hasTag_ = false;
   for (const TextField& field : textFields) (this->*field.text).clear();
   Genre = 255;
   Track = 0;
-  const auto file = OpenOrRaise(files_, path_, FileAccess::Read, reader);
+  std::unique_ptr<RandomAccessFile> own;
+  if (!opened) own = OpenOrRaise(files_, path_, FileAccess::Read, reader);
+  RandomAccessFile& file = opened ? *opened : *own;
   // The tag must have something before it.
-  if (file->Size() <= tagSize) return;
+  if (file.Size() <= tagSize) return;
   TagBytes bytes;
-  const std::string_view tag = ReadTag(*file, bytes);
+  const std::string_view tag = ReadTag(file, bytes);
   if (!tag.starts_with(marker)) return;
   hasTag_ = true;
   std::size_t at = marker.size();

@@ -19,7 +19,8 @@ class cMP3ID3v1 {
   const std::string& MP3File() const { return path_; }
   // Takes the path and reads the tag; edits that weren't written are gone. Throws Failure if the
   // file can't be opened or read: without an open file the object is as after a file without a tag.
-  void SetMP3File(std::string_view path);
+  // `opened` is that file where the caller has it open.
+  void SetMP3File(std::string_view path, RandomAccessFile* opened = nullptr);
   // Writes the fields into the file. A file of 128 bytes or less takes no tag, which is no failure.
   // Throws Failure: of the open, of the disk, or failureInvalidFile for an empty file, which a
   // missing one becomes.

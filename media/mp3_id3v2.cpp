@@ -46,13 +46,13 @@ void cMP3ID3v2::Reset() {
   store_.emplace();
 }
 
-void cMP3ID3v2::SetMP3File(std::string_view path) {
+void cMP3ID3v2::SetMP3File(std::string_view path, RandomAccessFile* opened) {
   path_ = path;
   Reset();
   // A file that can't be opened is told in the other reader's name: callers know it by that.
-  const auto file = OpenOrRaise(files_, path_, FileAccess::Read, "cMP3ID3v1");
-  constexpr std::string_view source = "cMP3ID3v2";
-  BufferedFile reader(*file, source);
+  std::unique_ptr<RandomAccessFile> own;
+  if (!opened) own = OpenOrRaise(files_, path_, FileAccess::Read, "cMP3ID3v1");
+  BufferedFile reader(opened ? *opened : *own, "cMP3ID3v2");
   const std::int64_t position = FindTagPosition(reader);
   if (position < 1) return;
   tagPosition_ = position;

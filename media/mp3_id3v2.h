@@ -24,8 +24,9 @@ class cMP3ID3v2 {
   const std::string& MP3File() const { return path_; }
   // Takes the path and reads the tag; edits that weren't written are gone. Throws Failure if the
   // file can't be opened or read, or is empty (failureInvalidArgument, as for a frame whose size
-  // reads as negative); the fields then hold what was read until there.
-  void SetMP3File(std::string_view path);
+  // reads as negative); the fields then hold what was read until there. `opened` is that file where
+  // the caller has it open.
+  void SetMP3File(std::string_view path, RandomAccessFile* opened = nullptr);
   // Puts the frames into the file as a tag of version 2.3: over the old tag where it fits, else in
   // front of a copy of the whole file that takes the file's place. Throws Failure; what stays
   // behind then is told at each step in id3v2_writer.cpp.
