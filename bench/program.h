@@ -18,7 +18,8 @@ struct Program {
   NoDialogs dialogs;
   NoEvents events;
   NoDesktop desktop;
-  NoThumbnails thumbnails;
+  NoThumbnails none;
+  ThumbnailSource* thumbnails;
   NoNetwork network;
   Form1 form{{files,
               clock,
@@ -26,14 +27,14 @@ struct Program {
               dialogs,
               events,
               desktop,
-              thumbnails,
+              thumbnails ? *thumbnails : none,
               network,
               EnglishDateNames(),
               {data, data},
               data}};
 
   // Photos are listed by their file dates: most jobs' photos are empty files.
-  Program() {
+  explicit Program(ThumbnailSource* pictures = nullptr) : thumbnails(pictures) {
     form.Load();
     form.scan.ShowEXIFDateCreated = 0;
   }
