@@ -87,7 +87,10 @@ QVariant FolderTreeModel::data(const QModelIndex& index, int role) const {
   if (role != Qt::DecorationRole) return {};
   QStyle::StandardPixmap picture = node.isLink ? QStyle::SP_DirLinkIcon : QStyle::SP_DirIcon;
   if (!node.parent) picture = node.path == "/" ? QStyle::SP_ComputerIcon : QStyle::SP_DirHomeIcon;
-  return QApplication::style()->standardIcon(picture);
+  // The style reads its files anew for each icon, in all their sizes.
+  const auto [icon, isFirst] = icons_.try_emplace(picture);
+  if (isFirst) icon->second = QApplication::style()->standardIcon(picture);
+  return icon->second;
 }
 
 // A level that nobody has opened is taken to hold something: looking would read every folder

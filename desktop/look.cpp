@@ -182,7 +182,6 @@ void SetLook(QWidget& widget, const char* property, const QVariant& value) {
 void ApplyLook() {
   QApplication::setStyle(new OutlineStyle);
   ApplyTheme({});
-  QApplication::setWindowIcon(ProgramIcon());
 }
 
 void ApplyTheme(const Theme& theme) {

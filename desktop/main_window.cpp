@@ -20,7 +20,6 @@
 #include "desktop/keyword_picker_window.h"
 #include "desktop/list_area.h"
 #include "desktop/look.h"
-#include "desktop/page_tabs.h"
 #include "desktop/profile_dialogs.h"
 #include "desktop/ribbon_bar.h"
 #include "desktop/ribbon_keys.h"
@@ -37,7 +36,7 @@ constexpr QSize firstSize(1180, 740);
 constexpr double firstTreeShare = 0.22;
 }  // namespace
 
-MainWindow::MainWindow(Form1& form, Files& files, const std::string& home)
+MainWindow::MainWindow(Form1& form, Files& files, const std::string& home, MakePages pages)
     : form_(form), binder_(form.screen), files_(files), home_(home) {
   setObjectName(QStringLiteral("Form1"));
   setWindowTitle(QStringLiteral("Tallowbrook"));
@@ -53,7 +52,7 @@ MainWindow::MainWindow(Form1& form, Files& files, const std::string& home)
   body->setContentsMargins(margin, margin, margin, margin);
   body->setSpacing(margin);
   body->addWidget(MakeTop(files, home), 1);
-  body->addLayout(MakeBottom());
+  body->addLayout(MakeBottom(pages));
   column->addLayout(body, 1);
 
   statusBar()->setSizeGripEnabled(false);
@@ -110,10 +109,10 @@ QWidget* MainWindow::MakeTop(Files& files, const std::string& home) {
   return splitter_;
 }
 
-QLayout* MainWindow::MakeBottom() {
+QLayout* MainWindow::MakeBottom(MakePages pages) {
   auto* row = new QHBoxLayout;
   row->setSpacing(margin);
-  row->addWidget(new PageTabs(form_, binder_, centralWidget()), 1);
+  row->addWidget(new PageTabs(form_, binder_, centralWidget(), pages), 1);
   auto* side = new QVBoxLayout;
   side->setSpacing(margin);
   side->addWidget(MakeCopyMovePanel(form_, binder_, centralWidget()));

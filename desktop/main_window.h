@@ -7,6 +7,7 @@
 #include <string>
 
 #include "desktop/binder.h"
+#include "desktop/page_tabs.h"
 #include "desktop/status_panes.h"
 #include "desktop/window_layout.h"
 #include "shell/form1.h"
@@ -22,7 +23,7 @@ class TipsWindow;
 class MainWindow : public QMainWindow {
  public:
   // `files` and `home` are what the folder tree shows. `form` must outlive the window.
-  MainWindow(Form1& form, Files& files, const std::string& home);
+  MainWindow(Form1& form, Files& files, const std::string& home, MakePages pages = MakePages::Now);
   ~MainWindow() override;
 
   // What a user arranges.
@@ -37,7 +38,7 @@ class MainWindow : public QMainWindow {
 
  private:
   QWidget* MakeTop(Files& files, const std::string& home);
-  QLayout* MakeBottom();
+  QLayout* MakeBottom(MakePages pages);
   QLayout* MakeButtons();
   void WireForm();
   void WireDialogs();

@@ -184,4 +184,30 @@ TEST_F(MainWindowTest, ClosingDuringAScanWaitsForItsEnd) {
   EXPECT_FALSE(window.isVisible());
 }
 
+// Widgets that the Tab key reaches on any page, in its order.
+std::string KeyOrder(QWidget& window) {
+  std::string names;  // one a line
+  QWidget* first = window.findChild<QWidget*>(QStringLiteral("TabControl1"));
+  for (QWidget* next = first->nextInFocusChain(); next != first; next = next->nextInFocusChain()) {
+    const bool isReached = (next->focusPolicy() & Qt::TabFocus) && !next->focusProxy();
+    if (isReached && !next->objectName().isEmpty())
+      names += next->objectName().toStdString() + "\n";
+  }
+  return names;
+}
+
+TEST_F(MainWindowTest, PagesThatAreMadeBehindTheFirstPaintingStandInTheSameOrderOfKeys) {
+  form.settings.TabIndex.Select(PageTags);
+  window.show();
+  Form1 otherForm(With(events));
+  MainWindow other(otherForm, files, home.Path(), MakePages::BehindFirstPaint);
+  EXPECT_FALSE(other.findChild<QWidget*>(QStringLiteral("Combo_Find")));
+  otherForm.settings.TabIndex.Select(PageTags);
+  EXPECT_TRUE(other.findChild<QWidget*>(QStringLiteral("RTxt_ID3Name")))
+      << "what comes to the front";
+  other.show();
+  Settle();
+  EXPECT_EQ(KeyOrder(other), KeyOrder(window));
+}
+
 }  // namespace tallowbrook
