@@ -7,6 +7,7 @@
 
 #include "base/letter_case.h"
 #include "base/text.h"
+#include "platform/name_order.h"
 
 namespace tallowbrook {
 
@@ -193,6 +194,17 @@ void FileList::ToggleListSort() {
   sorted_ = false;
 }
 
+std::vector<std::uint32_t> FileList::OrderByText() const {
+  std::string keys;
+  for (std::size_t number = 1; number <= Count(); ++number) {
+    std::string key = ToLower(Cell(number, sortColumn_));
+    // A new name may hold a NUL, from a photo; it would end the key.
+    std::ranges::replace(key, '\0', '\1');
+    keys.append(key) += '\0';
+  }
+  return OrderOfKeys(keys, Count(), ascending_);
+}
+
 // Rows that are equal by the key keep their order. References are sorted and the rows then moved
 // once each.
 void FileList::Sort() {
@@ -210,7 +222,6 @@ void FileList::Sort() {
                    [](const auto& k) { return k.second; });
   };
   constexpr std::int64_t none = std::numeric_limits<std::int64_t>::min();
-  const auto cell = [&](std::uint32_t index) { return ToLower(Cell(index + 1, sortColumn_)); };
   const auto size = [&](std::uint32_t index) {
     return rows_[index].hasFacts ? rows_[index].size : none;
   };
@@ -222,7 +233,7 @@ void FileList::Sort() {
   } else if (sortColumn_ == Column::BaseDate) {
     sortBy(date);
   } else {
-    sortBy(cell);
+    order = OrderByText();
   }
   std::vector<FileEntry> arranged;
   arranged.reserve(rows_.size());

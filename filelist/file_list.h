@@ -120,6 +120,7 @@ class FileList {
  private:
   void Tell(ListChange::Kind kind) const;
   void Sort();
+  std::vector<std::uint32_t> OrderByText() const;
 
   std::vector<FileEntry> rows_;
   FolderTable folders_;

@@ -91,24 +91,29 @@ std::size_t CommonLength(std::span<const Record> run, std::size_t depth) {
   return length;
 }
 
-void SortByBytes(std::span<Record> run, Names names) {
-  std::sort(run.begin(), run.end(),
-            [names](const Record& a, const Record& b) { return names[a.index] < names[b.index]; });
-}
-
-void SortRun(std::span<Record> run, std::size_t depth, Names names) {
+// `sortEqual` sorts runs whose keys are equal.
+template <class SortEqual>
+void SortRun(std::span<Record> run, std::size_t depth, bool ascending, SortEqual sortEqual) {
   depth += CommonLength(run, depth);
   for (Record& record : run) record.piece = PieceAt(record.key + depth);
-  std::sort(run.begin(), run.end(),
-            [](const Record& a, const Record& b) { return a.piece < b.piece; });
+  std::sort(run.begin(), run.end(), [ascending](const Record& a, const Record& b) {
+    return ascending ? a.piece < b.piece : b.piece < a.piece;
+  });
   for (std::size_t start = 0, end = 0; start < run.size(); start = end) {
     const std::uint64_t piece = run[start].piece;
     while (end < run.size() && run[end].piece == piece) ++end;
     if (end - start < 2) continue;
     const auto equal = run.subspan(start, end - start);
     const bool keysEnd = (piece & 0xFF) == 0;
-    keysEnd ? SortByBytes(equal, names) : SortRun(equal, depth + 8, names);
+    keysEnd ? sortEqual(equal) : SortRun(equal, depth + 8, ascending, sortEqual);
   }
+}
+
+std::vector<std::uint32_t> IndexesOf(const std::vector<Record>& records) {
+  std::vector<std::uint32_t> order;
+  order.reserve(records.size());
+  for (const Record& record : records) order.push_back(record.index);
+  return order;
 }
 
 }  // namespace
@@ -116,11 +121,20 @@ void SortRun(std::span<Record> run, std::size_t depth, Names names) {
 std::vector<std::uint32_t> OrderOfNames(Names names) {
   const std::string keys = MakeKeys(names);
   std::vector<Record> records = MakeRecords(keys, names.size());
-  if (records.size() > 1) SortRun(records, 0, names);
-  std::vector<std::uint32_t> order;
-  order.reserve(records.size());
-  for (const Record& record : records) order.push_back(record.index);
-  return order;
+  const auto byBytes = [names](std::span<Record> run) {
+    std::ranges::sort(run, {}, [names](const Record& record) { return names[record.index]; });
+  };
+  if (records.size() > 1) SortRun(records, 0, true, byBytes);
+  return IndexesOf(records);
+}
+
+std::vector<std::uint32_t> OrderOfKeys(const std::string& keys, std::size_t count, bool ascending) {
+  std::vector<Record> records = MakeRecords(keys, count);
+  const auto asTheyStood = [](std::span<Record> run) {
+    std::ranges::sort(run, {}, &Record::index);
+  };
+  if (records.size() > 1) SortRun(records, 0, ascending, asTheyStood);
+  return IndexesOf(records);
 }
 
 }  // namespace tallowbrook
