@@ -11,6 +11,8 @@ int main(int argc, char** argv) {
   using namespace tallowbrook;
   IgnoreWriteSignals();
   Application application(argc, argv);
+  // By this name desktops find the window's entry and icon.
+  QGuiApplication::setDesktopFileName(QStringLiteral(TALLOWBROOK_ID));
   Program program({FindProgramFolders(), HomeFolder(), SystemDateNames()});
   if (!program.Start()) return 0;
   // In a file of its own below the folder of the user's settings.

@@ -26,6 +26,12 @@ bool CanWriteIn(const std::string& folder) {
   return true;
 }
 
+// An installation puts this file beside the executable. Its folder is everybody's, so nothing is
+// kept there, not even by root, who could.
+bool IsInstalled(const std::string& folder) {
+  return access(JoinPath(folder, "installed").c_str(), F_OK) == 0;
+}
+
 std::string Environment(const char* name) {
   const char* value = std::getenv(name);
   return value != nullptr ? value : "";
@@ -62,7 +68,7 @@ ProgramFolders ChooseFolders(const std::string& program, const std::string& xdgD
   ProgramFolders folders;
   folders.program = WithSlash(program);
   folders.data = folders.program;
-  if (CanWriteIn(folders.program)) return folders;
+  if (!IsInstalled(folders.program) && CanWriteIn(folders.program)) return folders;
   folders.data = JoinPath(DataHome(xdgDataHome, home), "tallowbrook/");
   std::error_code ignored;  // whoever writes there finds out
   std::filesystem::create_directories(folders.data, ignored);

@@ -9,8 +9,8 @@ struct ProgramFolders {
   // The executable's folder, with "/" at the end: styles, images, genres and tips are read here.
   std::string program;
   // Where the log, the profiles and the configuration are written: the program's folder, or,
-  // where that can't be written, "tallowbrook/" in $XDG_DATA_HOME (~/.local/share without it),
-  // made when missing. This is the one place that decides it.
+  // where that can't be written or is an installation's, "tallowbrook/" in $XDG_DATA_HOME
+  // (~/.local/share without it), made when missing. This is the one place that decides it.
   std::string data;
 };
 

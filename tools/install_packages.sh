@@ -1,5 +1,5 @@
 # Installs what is missing of the Debian packages named as arguments; nothing when all are there.
-# Sourced by start, check and measure.
+# Sourced by start, check, measure, fuzz and package.
 install_packages() {
   local missing=() package
   for package in "$@"; do
@@ -21,6 +21,8 @@ program_packages=(g++ cmake ninja-build pkg-config libpcre2-dev qt6-base-dev qt6
 # What shows it where no display is, and what writes the tags that the tour starts from.
 tour_packages=(xvfb id3v2 exiv2)
 check_packages=(git libgtest-dev libgmock-dev clang-format clang-tidy python3)
+# What makes the packages, and what looks at the desktop's files in them.
+package_packages=(dpkg-dev file desktop-file-utils appstream)
 measure_packages=(libbenchmark-dev)
 fuzz_packages=(clang libclang-rt-dev)
 

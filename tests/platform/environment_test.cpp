@@ -113,6 +113,17 @@ TEST(ProgramFolders, ElseWritesInTheDataHomeAndMakesIt) {
   }
 }
 
+// Root may write in every program folder; an installed one stays as it is all the same.
+TEST(ProgramFolders, AnInstallationKeepsNothingEvenWhereItCouldBeWritten) {
+  const TemporaryFolder folder;
+  const std::string program = folder.MakeFolder("lib/tallowbrook/");
+  folder.Write("lib/tallowbrook/installed");
+  const ProgramFolders folders = ChooseFolders(program, folder.Path("xdg"), folder.Path());
+  EXPECT_EQ(folders.program, folder.Path("lib/tallowbrook/"));
+  EXPECT_EQ(folders.data, folder.Path("xdg/tallowbrook/"));
+  EXPECT_EQ(folder.Names("lib/tallowbrook"), std::vector<std::string>{"installed"});
+}
+
 TEST(HomeFolder, IsThatOfTheEnvironmentElseOfThePasswordDatabase) {
   const char* before = std::getenv("HOME");
   const std::string home = before != nullptr ? before : "";
