@@ -24,6 +24,13 @@ constexpr Target targets[] = {
     {"id3v1", Id3v1Seeds},
     {"id3v2_read", Id3v2Seeds},
     {"id3v2_write", Id3v2Seeds},
+    {"genres", GenreSeeds},
+    {"masks", MaskSeeds},
+    {"find_replace", FindReplaceSeeds},
+    {"dates", DateSeeds},
+    {"wildcard", WildcardSeeds},
+    {"png_chunks", PngSeeds},
+    {"icon_directory", IconSeeds},
 };
 // clang-format on
 

@@ -19,5 +19,12 @@ Seeds ConfigurationSeeds();
 Seeds TipSeeds();
 Seeds Id3v1Seeds();
 Seeds Id3v2Seeds();
+Seeds GenreSeeds();
+Seeds MaskSeeds();
+Seeds FindReplaceSeeds();
+Seeds DateSeeds();
+Seeds WildcardSeeds();
+Seeds PngSeeds();
+Seeds IconSeeds();
 
 }  // namespace tallowbrook

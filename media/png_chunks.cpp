@@ -84,7 +84,7 @@ class ChunkStart {
 FileParts PngParts(RandomAccessFile& file, FilePart png, std::span<const std::string_view> keys) {
   char start[signature.size()];
   std::size_t got = 0;
-  if (file.Read(png.at, start, got) != FileError::None ||
+  if (png.size < std::ssize(signature) || file.Read(png.at, start, got) != FileError::None ||
       std::string_view(start, got) != signature) {
     return {};
   }
