@@ -33,6 +33,8 @@ Seeds PngSeeds() {
                  start + Png(text + pixels + text),
                  start + Png(Chunk("zTXt", std::string("Other\0\0text", 11)) + pixels),
                  "\4\n\x40\nK\n\nabcd" + Png(Chunk("fdAT", "x") + pixels)};
+  // A checksum that looks like a key.
+  seeds.push_back(start + Png(Bytes(ByteOrder::Big, 0, 4) + "zTXt" + std::string("Key\0", 4)));
   AddDisturbed(seeds);
   return seeds;
 }

@@ -69,7 +69,7 @@ class ChunkStart {
   // Empty for what is no text, or a long one.
   std::string_view Key() const {
     if (Length() > longestText || std::ranges::count(textTypes, Type()) == 0) return {};
-    const std::string_view data = start_.substr(headSize);
+    const std::string_view data = start_.substr(headSize, Length());
     return data.substr(0, std::min(data.find('\0'), data.size()));
   }
 

@@ -48,6 +48,8 @@ TEST(PngChunks, LeavesOutWhatPixelsDontNeed) {
       {start + pixels + key + key + end + pixels, start + pixels + key + end},
       {start + Chunk("tEXt", "Key" + std::string(5'000, '\0')) + pixels + end, start + pixels + end},
       {start + Chunk("iCCP", std::string(2 << 20, 'c')) + pixels + end, start + pixels + end},
+      // A checksum that looks like a key.
+      {start + Bytes(ByteOrder::Big, 0, 4) + "tEXt" + std::string("Key\0", 4) + key + pixels + end, start + key + pixels + end},
       {start + Chunk("fdAT", "frame") + pixels + end, start + pixels + end},
       // Cut, or none at all.
       {start + pixels.substr(0, 900), start + pixels.substr(0, 900)}, {start, start}, {signature, signature},
