@@ -100,6 +100,7 @@ const std::vector<Monkey::Habit>& Monkey::Habits() {
       {12, "type", &Monkey::TypeSnippet},
       {2, "type a path", &Monkey::TypePath},
       {3, "work", &Monkey::Work},
+      {1, "use a row", &Monkey::UseRow},
       {14, "key", &Monkey::PressKey},
       {3, "access key", &Monkey::PressAccessKey},
       {4, "shortcut", &Monkey::PressShortcut},
@@ -320,6 +321,23 @@ void Monkey::Work() {
   if (!window || QApplication::activeModalWidget()) return;
   TypePath();
   ClickOn("PushButton_Apply");
+}
+
+// Nor a song, and then its tag's editor; nor the key that deletes files.
+void Monkey::UseRow() {
+  if (!form || !window || QApplication::activeModalWidget()) return;
+  auto* list = window->findChild<QAbstractItemView*>(QStringLiteral("ListView1"));
+  if (!list || !list->isVisible()) return;
+  const auto isSong = [](const QModelIndex& cell) {
+    return cell.data().toString().endsWith(QLatin1String(".mp3"), Qt::CaseInsensitive);
+  };
+  for (int tries = 20; tries > 0 && list->model()->rowCount() > 0; --tries) {
+    const QModelIndex row = list->model()->index(Below(list->model()->rowCount()), 0);
+    if (!isSong(row) && !isSong(row.siblingAtColumn(1)) && !Chance(10)) continue;
+    list->setFocus();
+    list->setCurrentIndex(row);
+    return Chance(70) ? form->ShowTagEditor() : Key(Qt::Key_Delete);
+  }
 }
 
 void Monkey::Drag() {

@@ -65,6 +65,7 @@ class Monkey : public QObject {
   void ClickNamed();
   void ClickOn(const char* name);
   void Work();
+  void UseRow();
   void Drag();
   void Wheel();
   void TypeSnippet();
