@@ -24,10 +24,10 @@ class Throttle {
   void Touch() {
     if (waiting_) return;
     waiting_ = true;
-    timer_.start(Due() ? 0 : static_cast<int>(interval - since_.elapsed()));
+    timer_.start(Left());
   }
   // True if the interval since the last time is over.
-  bool Due() const { return !since_.isValid() || since_.elapsed() >= interval; }
+  bool Due() const { return Left() == 0; }
   void Now() {
     waiting_ = false;
     timer_.stop();
@@ -36,6 +36,13 @@ class Throttle {
   }
 
  private:
+  // Of the interval, in ms. One look at the clock: it goes on between two, and a timer that is to
+  // wait for less than nothing never runs.
+  int Left() const {
+    if (!since_.isValid()) return 0;
+    return static_cast<int>(std::max<qint64>(0, interval - since_.elapsed()));
+  }
+
   std::function<void()> work_;
   QTimer timer_;
   QElapsedTimer since_;

@@ -1,5 +1,6 @@
 #include "tests/monkey/cage.h"
 
+#include <algorithm>
 #include <charconv>
 #include <filesystem>
 #include <fstream>
@@ -30,18 +31,24 @@ std::set<int> MarksIn(const std::string& path) {
   return marks;
 }
 
-bool Cage::IsInside(const std::string& path, Links links) const {
+// Not the folder itself.
+bool Cage::IsBelow(const std::string& path, const std::string& folder, Links links) {
   if (!path.starts_with('/')) return false;
   std::error_code ignored;
-  const fs::path whole(path);
+  const fs::path whole(WithoutSlash(path));
   const fs::path real = links == Links::Follow
                             ? fs::weakly_canonical(whole, ignored)
                             : fs::weakly_canonical(whole.parent_path(), ignored) / whole.filename();
-  return (real.lexically_normal().string() + "/").starts_with(world_);
+  return real.lexically_normal().string().starts_with(folder);
+}
+
+bool Cage::MayChange(const std::string& path, Links links) const {
+  const auto isAround = [&](const std::string& folder) { return IsBelow(path, folder, links); };
+  return isAround(copies_) || std::ranges::any_of(others_, isAround);
 }
 
 bool Cage::Allows(const char* deed, const std::string& path, Links links) {
-  if (IsInside(path, links)) return true;
+  if (MayChange(path, links)) return true;
   faults.push_back(std::string(deed) + " outside: " + path);
   return false;
 }
@@ -52,8 +59,9 @@ FileError Cage::Done(const char* deed, FileError error) {
 }
 
 std::unique_ptr<FolderListing> Cage::ListFolder(const std::string& path, FileError* error) {
-  ++deeds[IsInside(path, Links::Follow) ? "list" : "list (refused)"];
-  if (IsInside(path, Links::Follow)) return disk_.ListFolder(path, error);
+  const bool isInside = IsBelow(JoinPath(path, "any name"), copies_, Links::Follow);
+  ++deeds[isInside ? "list" : "list (refused)"];
+  if (isInside) return disk_.ListFolder(path, error);
   if (error != nullptr) *error = FileError::NotPermitted;
   return nullptr;
 }
@@ -73,7 +81,7 @@ FileError Cage::MovePath(const std::string& path, const std::string& newPath) {
 
 // The user names the target, which may lie anywhere, and knows that it replaces a file there.
 FileError Cage::Copy(const std::string& source, const std::string& target) {
-  if (!IsInside(target, Links::Stay)) {
+  if (!IsBelow(target, copies_, Links::Stay)) {
     ++deeds["copy (refused)"];
     return FileError::NotPermitted;
   }

@@ -1,4 +1,4 @@
-// The disk as the monkey may have it: real, but only below one folder.
+// The disk as the monkey may have it: real, but only below some folders.
 //
 // Whatever lies elsewhere can't be listed and doesn't change; who tries is told so, and it counts
 // as a fault unless a user may have asked for it. Every file of the copies bears a mark of its own,
@@ -22,8 +22,9 @@ std::set<int> MarksIn(const std::string& path);
 
 class Cage : public Files {
  public:
-  // A folder with all links in its path resolved.
-  explicit Cage(const std::string& world) : world_(world) {}
+  // Folders with all links in their paths resolved: the user's, and those for the program alone.
+  Cage(const std::string& copies, const std::vector<std::string>& others)
+      : copies_(copies), others_(others) {}
 
   std::vector<std::string> faults;
   // How often what was done, refusals included.
@@ -55,13 +56,15 @@ class Cage : public Files {
 
  private:
   enum class Links { Follow, Stay };
-  bool IsInside(const std::string& path, Links links) const;
+  static bool IsBelow(const std::string& path, const std::string& folder, Links links);
   // Whether a change may go on. One elsewhere is a fault.
+  bool MayChange(const std::string& path, Links links) const;
   bool Allows(const char* deed, const std::string& path, Links links);
   FileError Done(const char* deed, FileError error);
 
   SystemFiles disk_;
-  std::string world_;
+  std::string copies_;
+  std::vector<std::string> others_;
   std::string lastCopy_;
 };
 

@@ -20,10 +20,10 @@ class Playground {
   ~Playground();
 
   // All with "/" at their ends.
-  std::string World() const { return world_; }
   std::string Copies() const { return world_ + "copies/"; }
   const std::string& Program() const { return program_; }
   std::string Data() const { return world_ + "data/"; }
+  std::string Temporary() const { return world_ + "tmp/"; }
 
   // Puts files into the copies until there are `least`: songs, photos, pictures, texts, odd names.
   void Fill(std::size_t least);
