@@ -35,6 +35,7 @@ Seeds ProfileSeeds() {
 Seeds ConfigurationSeeds() {
   Seeds seeds = {"", Written("/data/tallowbrook.cfg"),
                  "WindowHeight=99999999999\r\nWindowTop=-7\r\nFirstRun=maybe",
+                 "FirstRun=False\r\nAutoUpdateLastCheck=FirstRun=F",
                  "AutoUpdateLastCheck=2/30/2024\r\nWindowLeft=1e9\r\nThumbnailWarning= 1.5 "};
   AddDisturbed(seeds);
   return seeds;
