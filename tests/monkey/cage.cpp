@@ -19,6 +19,8 @@ std::string MarkText(int number) {
 }
 
 std::set<int> MarksIn(const std::string& path) {
+  std::error_code ignored;
+  if (!fs::is_regular_file(path, ignored)) return {};
   std::ifstream file(path, std::ios::binary);
   const std::string bytes{std::istreambuf_iterator<char>(file), {}};
   std::set<int> marks;

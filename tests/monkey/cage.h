@@ -17,7 +17,7 @@ namespace tallowbrook {
 
 // The mark of a file: "<mark 17>".
 std::string MarkText(int number);
-// Those that stand in a file; none if it can't be read.
+// Those that stand in a file; none in what isn't one.
 std::set<int> MarksIn(const std::string& path);
 
 class Cage : public Files {

@@ -21,27 +21,14 @@ namespace tallowbrook {
 namespace {
 
 // What fields understand, and what they don't.
-constexpr const char* snippets[] = {"a",           "B",
-                                    "0",           "12",
-                                    "-3",          "99999999999",
-                                    ".",           "..",
-                                    "/",           "*.*",
-                                    "*.mp3",       "?",
-                                    "<ext>",       "<filename>",
-                                    "<left,2>",    "<mid,1,3>",
-                                    "<exif_yyyy>", "<v1Title>-<v2Artist>",
-                                    "<fmyyyy>",    "<right,",
-                                    "(a+)+$",      "[^.]*\\.",
-                                    "$1$&",        "(",
-                                    "\\",          " ",
-                                    "\xC3\x9F",    "\xC3\x84rger",
-                                    "e\xCC\x81",   "\xF0\x9F\x8E\x89",
-                                    "\xD7\x90",    "\xE5\x86\x99",
-                                    "<b>x</b>",    "&",
-                                    "%20",         "\"'",
-                                    "one",         "song",
-                                    "txt",         "2/29/2024",
-                                    "yyyy-mm-dd",  "new name.txt"};
+// clang-format off
+constexpr const char* snippets[] = {
+    "a", "B", "0", "12", "-3", "99999999999", ".", "..", "/", "*.*", "*.mp3", "?", "<ext>", "<filename>",
+    "<left,2>", "<mid,1,3>", "<exif_yyyy>", "<v1Title>-<v2Artist>", "<fmyyyy>", "<right,", "(a+)+$",
+    "[^.]*\\.", "$1$&", "(", "\\", " ", "&", "%20", "\"'", "<b>x</b>", "one", "song", "txt", "2/29/2024",
+    "yyyy-mm-dd", "new name.txt", "\xC3\x9F", "\xC3\x84rger", "e\xCC\x81", "\xF0\x9F\x8E\x89",
+    "\xD7\x90", "\xE5\x86\x99"};
+// clang-format on
 
 constexpr int keys[] = {
     Qt::Key_Tab,       Qt::Key_Backtab, Qt::Key_Return, Qt::Key_Enter,    Qt::Key_Escape,
@@ -56,7 +43,7 @@ constexpr const char* namedControls[] = {
     "ListView1",          "Txt_Address",      "Check_MoveEnable", "PushButton_EditID3"};
 
 constexpr int mostActsInModal = 60;
-constexpr int stuckAfter = 4000;
+constexpr int stuckAfter = 50 * mostActsInModal;
 
 std::string NameOf(const QObject& object) {
   const QString name = object.objectName();
@@ -100,7 +87,7 @@ const std::vector<Monkey::Habit>& Monkey::Habits() {
       {12, "type", &Monkey::TypeSnippet},
       {2, "type a path", &Monkey::TypePath},
       {3, "work", &Monkey::Work},
-      {1, "use a row", &Monkey::UseRow},
+      {2, "use a row", &Monkey::UseRow},
       {14, "key", &Monkey::PressKey},
       {3, "access key", &Monkey::PressAccessKey},
       {4, "shortcut", &Monkey::PressShortcut},
@@ -174,9 +161,7 @@ void Monkey::LeaveModal(QWidget* modal) {
   Tell("leave " + NameOf(*modal));
   if (QWidget* popup = QApplication::activePopupWidget()) popup->close();
   modal->close();
-  if (actsInModal_ == stuckAfter / mostActsInModal * mostActsInModal) {
-    faults.push_back("doesn't close: " + NameOf(*modal));
-  }
+  if (actsInModal_ == stuckAfter) faults.push_back("doesn't close: " + NameOf(*modal));
 }
 
 // Where a user's input would go, mostly. Null while no window is open.
@@ -336,7 +321,7 @@ void Monkey::UseRow() {
     if (!isSong(row) && !isSong(row.siblingAtColumn(1)) && !Chance(10)) continue;
     list->setFocus();
     list->setCurrentIndex(row);
-    return Chance(70) ? form->ShowTagEditor() : Key(Qt::Key_Delete);
+    return Chance(50) ? form->ShowTagEditor() : Key(Qt::Key_Delete);
   }
 }
 
