@@ -54,7 +54,8 @@ class AppendFile {
   // Where the file has been rewritten meanwhile, in whatever process, the bytes go into the new
   // one. Where it is gone, something else stands in its place, or whoever rewrote it was killed
   // over it: NotFound, nothing is known to be written, and the next Write opens or begins the file
-  // at the path.
+  // at the path. That is asked every two milliseconds at most: what is written in between, after
+  // somebody deleted the file, goes with it.
   virtual FileError Write(std::string_view bytes) = 0;
   // Whether nobody else, in this program or another, who appends to a file of this folder was told
   // so before. True where that can't be known.
