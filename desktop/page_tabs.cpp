@@ -4,7 +4,6 @@
 #include <QShortcut>
 #include <QTabBar>
 #include <QVBoxLayout>
-#include <ranges>
 
 #include "desktop/first_paint.h"
 #include "desktop/page_properties.h"
@@ -78,7 +77,9 @@ void PageTabs::Need(int number) {
   QWidget*& last = lastFields_.at(static_cast<std::size_t>(number));
   if (last) return;
   QWidget* before = nullptr;
-  for (QWidget* field : lastFields_ | std::views::take(number)) before = field ? field : before;
+  for (int page = 0; page < number; ++page) {
+    if (QWidget* field = lastFields_.at(static_cast<std::size_t>(page))) before = field;
+  }
   QWidget* page = Make(number, widget(number));
   widget(number)->layout()->addWidget(page);
   last = MoveIntoOrder(page, before);
