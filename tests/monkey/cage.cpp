@@ -49,8 +49,13 @@ bool Cage::MayChange(const std::string& path, Links links) const {
   return isAround(copies_) || std::ranges::any_of(others_, isAround);
 }
 
+// Of a link among the copies that leads out a user may ask what he likes.
 bool Cage::Allows(const char* deed, const std::string& path, Links links) {
   if (MayChange(path, links)) return true;
+  if (MayChange(path, Links::Stay)) {
+    ++deeds[std::string(deed) + " through a link (refused)"];
+    return false;
+  }
   faults.push_back(std::string(deed) + " outside: " + path);
   return false;
 }
