@@ -3,6 +3,7 @@
 
 #include <filesystem>
 #include <functional>
+#include <memory>
 #include <string>
 
 namespace tallowbrook::bench {
@@ -19,6 +20,15 @@ struct Job {
 
 // Registers the job; main runs those that the command line names, or all.
 void Register(Job job);
+
+// Made when it is first asked for, so that a job that isn't run makes no files.
+template <class Made, class From>
+auto MadeOnDemand(const From& from) {
+  return [&from, made = std::make_shared<std::unique_ptr<Made>>()]() -> Made& {
+    if (!*made) *made = std::make_unique<Made>(from);
+    return **made;
+  };
+}
 
 // Ends the program with the message where a job didn't do what it is measured for.
 void Expect(bool holds, const std::string& message);

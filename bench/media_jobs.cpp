@@ -8,7 +8,6 @@
 #include <cstdio>
 #include <cstring>
 #include <fstream>
-#include <memory>
 
 #include "bench/program.h"
 #include "media/mp3_id3v2.h"
@@ -194,11 +193,7 @@ constexpr MediaJob mediaJobs[] = {
 
 [[maybe_unused]] const bool registered = [] {
   for (const MediaJob& job : mediaJobs) {
-    const auto made = std::make_shared<std::unique_ptr<MediaFolder>>();
-    const auto folder = [&job, made]() -> MediaFolder& {
-      if (!*made) *made = std::make_unique<MediaFolder>(job);
-      return **made;
-    };
+    const auto folder = MadeOnDemand<MediaFolder>(job);
     Register(
         {job.name, [folder] { return folder().Program(); }, [folder] { return folder().Bare(); }});
   }

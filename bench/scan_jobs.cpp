@@ -5,7 +5,6 @@
 #include <sys/stat.h>
 
 #include <cstdio>
-#include <memory>
 
 #include "bench/program.h"
 
@@ -86,11 +85,7 @@ constexpr Tree trees[] = {
 
 [[maybe_unused]] const bool registered = [] {
   for (const Tree& tree : trees) {
-    const auto made = std::make_shared<std::unique_ptr<ScannedTree>>();
-    const auto scanned = [&tree, made]() -> ScannedTree& {
-      if (!*made) *made = std::make_unique<ScannedTree>(tree);
-      return **made;
-    };
+    const auto scanned = MadeOnDemand<ScannedTree>(tree);
     Register({tree.name, [=] { return scanned().Program(); }, [=] { return scanned().Bare(); },
               [=] { scanned().PrintBytesARow(); }});
   }
