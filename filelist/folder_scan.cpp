@@ -103,7 +103,7 @@ void FolderScan::ListFolderEntries(const std::string& path) {
 }
 
 // `listing` is null if the folder couldn't be opened.
-void FolderScan::ListOpened(const std::string& folder, const FolderListing* listing) {
+void FolderScan::ListOpened(const std::string& folder, FolderListing* listing) {
   const bool isHidden = ThumbnailMode;
   if (isHidden) list_.SetVisible(false);
   // A listing that is stopped, can't begin, or ends in another mode must not leave the list out of
@@ -126,7 +126,7 @@ void FolderScan::ListOpened(const std::string& folder, const FolderListing* list
 }
 
 // False if it was stopped.
-bool FolderScan::ListFiles(const std::string& folder, const FolderListing& listing) {
+bool FolderScan::ListFiles(const std::string& folder, FolderListing& listing) {
   std::vector<std::size_t> matches;
   matches.reserve(listing.Size());
   const std::string pattern = pane_.Combo_Filter.Value();
@@ -135,7 +135,10 @@ bool FolderScan::ListFiles(const std::string& folder, const FolderListing& listi
     if (pattern.empty() || MatchesPattern(listing.Name(i), pattern)) matches.push_back(i);
   }
   SetProgress(0, matches.size());
-  if (!ThumbnailMode) list_.ExpectRows(matches.size());
+  if (!ThumbnailMode) {
+    list_.ExpectRows(matches.size());
+    listing.ExpectFacts(matches);
+  }
   std::size_t done = 0;
   for (const std::size_t i : matches) {
     SetProgress(++done, matches.size());

@@ -113,8 +113,8 @@ class FolderScan {
     void Fill(const FolderListing& listing, const std::string& folder);
   };
 
-  void ListOpened(const std::string& folder, const FolderListing* listing);
-  bool ListFiles(const std::string& folder, const FolderListing& listing);
+  void ListOpened(const std::string& folder, FolderListing* listing);
+  bool ListFiles(const std::string& folder, FolderListing& listing);
   bool ListFolders(const std::string& folder, const FolderListing* listing);
   void AddFileRow(std::string_view name, const std::string& directory,
                   const std::optional<FileFacts>& facts);

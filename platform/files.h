@@ -44,6 +44,9 @@ class FolderListing {
   virtual EntryKind Kind(std::size_t index) const = 0;
   // One statx, relative to the open folder, of what the entry leads to. Nothing if it has gone.
   virtual std::optional<FileFacts> Facts(std::size_t index) const = 0;
+  // Tells that the facts of these entries will be asked for, in this order; from now on some may
+  // be asked of the disk ahead of that.
+  virtual void ExpectFacts(std::vector<std::size_t> /*entries*/) {}
 };
 
 // A file that is only ever appended to, each Write one write(2), and two quick questions whether

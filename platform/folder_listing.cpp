@@ -8,6 +8,7 @@
 
 #include <cerrno>
 
+#include "platform/facts_ahead.h"
 #include "platform/files.h"
 #include "platform/name_order.h"
 #include "platform/stat_facts.h"
@@ -71,16 +72,24 @@ class SystemListing : public FolderListing {
   }
   EntryKind Kind(std::size_t index) const override { return entries_[index].kind; }
   std::optional<FileFacts> Facts(std::size_t index) const override {
-    return StatFacts(dirfd(stream_.get()), Name(index).data());
+    return ahead_ ? ahead_->Of(index) : Ask(index);
+  }
+  void ExpectFacts(std::vector<std::size_t> entries) override {
+    ahead_.emplace([this](std::size_t index) { return Ask(index); }, std::move(entries));
   }
 
  private:
   void Add(const dirent& entry);
   void Sort();
+  std::optional<FileFacts> Ask(std::size_t index) const {
+    return StatFacts(dirfd(stream_.get()), Name(index).data());
+  }
 
   FolderStream stream_;
   std::string arena_;  // each name ended by a NUL
   std::vector<Entry> entries_;
+  // Last, so that it ends before what it asks.
+  mutable std::optional<FactsAhead> ahead_;
 };
 
 int SystemListing::Read() {
