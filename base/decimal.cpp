@@ -79,6 +79,16 @@ std::string_view NumberAtStart(std::string_view text) {
 
 }  // namespace
 
+std::optional<std::int64_t> PlainNumber(std::string_view text) {
+  if (text.empty() || text.size() > std::numeric_limits<std::int64_t>::digits10) return {};
+  std::int64_t number = 0;
+  for (const char c : text) {
+    if (!IsDigit(c)) return {};
+    number = number * 10 + (c - '0');
+  }
+  return number;
+}
+
 std::optional<Decimal> Decimal::Checked(Wide digits, int scale) {
   if (scale <= mostScale && Magnitude(digits) <= largest) return Decimal(digits, scale);
   int excess = std::max(0, scale - mostScale);
@@ -106,6 +116,7 @@ void Decimal::Align(Decimal& a, Decimal& b) {
 }
 
 std::optional<Decimal> Decimal::Parse(std::string_view text) {
+  if (const auto plain = PlainNumber(text)) return Decimal(*plain);
   if (!IsNumeric(text)) return std::nullopt;
   text = TrimBlanks(text);
   const bool negative = text[0] == '-';

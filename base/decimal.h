@@ -53,6 +53,9 @@ std::optional<Integer> WholeNumber(std::string_view text) {
   if (!whole || !std::in_range<Integer>(*whole)) return std::nullopt;
   return static_cast<Integer>(*whole);
 }
+// A text of digits alone, 18 of them at most: nearly every start and every step of a counter is
+// one, and each row of a run asks. Nothing for any other text.
+std::optional<std::int64_t> PlainNumber(std::string_view text);
 // The number at the start of a text, 0 if there is none: "12abc" is 12.
 Decimal LeadingNumber(std::string_view text);
 

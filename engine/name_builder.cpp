@@ -1,5 +1,7 @@
 #include "engine/name_builder.h"
 
+#include <utility>
+
 #include "base/letter_case.h"
 #include "base/text.h"
 
@@ -42,8 +44,12 @@ std::string ApplyMask(std::string_view mask, int mode, std::string_view value) {
 }
 
 std::int32_t NextCounter(std::int32_t counter, const RenameSettings& settings) {
-  const Decimal increment = LeadingNumber(settings.Text_UniqueIncrement.Value());
-  const std::optional<Decimal> sum = increment.Plus(counter);
+  const std::string& increment = settings.Text_UniqueIncrement.Value();
+  if (const auto plain = PlainNumber(increment)) {
+    const std::int64_t sum = counter + *plain;
+    return std::in_range<std::int32_t>(sum) ? static_cast<std::int32_t>(sum) : counter;
+  }
+  const std::optional<Decimal> sum = LeadingNumber(increment).Plus(counter);
   return sum ? sum->ToInt32().value_or(counter) : counter;
 }
 

@@ -48,19 +48,19 @@ std::string NameBuilder::RemoveCharacters(const NameParts& parts) const {
 std::string NameBuilder::FindAndReplace(const NameParts& parts) {
   const bool inBase = settings_.Option_Search2.On();
   const bool inExtension = settings_.Option_Search3.On();
-  std::string found;
+  const std::string_view searched = inBase        ? parts.base
+                                    : inExtension ? parts.extension
+                                                  : parts.fileName;
   // Without a text to find, the part to be searched is left out of the name. That is wanted.
-  if (!settings_.Combo_Find.Value().empty()) {
-    AddToComboHistory(settings_.Combo_Find);
-    if (!settings_.Combo_Replace.Value().empty()) AddToComboHistory(settings_.Combo_Replace);
-    found = ReplaceInText(inBase ? parts.base : inExtension ? parts.extension : parts.fileName);
-  }
+  std::string found = settings_.Combo_Find.Value().empty() ? "" : ReplaceInText(searched);
   if (inBase) return found.append(".").append(parts.extension);
   if (inExtension) return std::string(parts.base).append(".").append(found);
   return found;
 }
 
 std::string NameBuilder::ReplaceInText(std::string_view text) {
+  AddToComboHistory(settings_.Combo_Find);
+  if (!settings_.Combo_Replace.Value().empty()) AddToComboHistory(settings_.Combo_Replace);
   if (settings_.Check_RegExp.On()) return ReplaceByPattern(text);
   const bool all = settings_.Combo_Occurances.Index() == 0;
   const std::optional<int> limit = all ? std::nullopt : NumberOf(settings_.Combo_Occurances);
@@ -83,13 +83,14 @@ std::string NameBuilder::ReplaceByPattern(std::string_view text) {
   }
   if (!regex_) return std::string(text);
   const std::string& replacement = settings_.Combo_Replace.Value();
-  std::optional<std::string> replaced;
   if (settings_.Combo_Occurances.Index() == 0) {
-    replaced = regex_->Replace(text, replacement, true);
+    if (auto replaced = regex_->Replace(text, replacement, true)) return *std::move(replaced);
   } else if (const std::optional<int> times = NumberOf(settings_.Combo_Occurances)) {
-    replaced = regex_->ReplaceInTurn(text, replacement, *times);
+    if (auto replaced = regex_->ReplaceInTurn(text, replacement, *times)) {
+      return *std::move(replaced);
+    }
   }
-  return replaced ? *std::move(replaced) : std::string(text);
+  return std::string(text);
 }
 
 }  // namespace tallowbrook

@@ -169,7 +169,8 @@ int Regex::State::Run(const Code& code, std::size_t steps, std::string_view subj
 
 std::string_view Regex::State::Group(std::string_view subject, std::size_t group) const {
   const PCRE2_SIZE* ends = pcre2_get_ovector_pointer(match.get()) + 2 * group;
-  return ends[0] == PCRE2_UNSET ? std::string_view{} : subject.substr(ends[0], ends[1] - ends[0]);
+  if (ends[0] >= ends[1]) return {};  // empty, or unset, which is the largest number twice
+  return {subject.data() + ends[0], ends[1] - ends[0]};
 }
 
 std::optional<std::uint32_t> Regex::State::GroupOf(char selector) const {
