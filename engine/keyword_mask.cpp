@@ -8,21 +8,18 @@
 #include "base/letter_case.h"
 #include "base/text.h"
 #include "engine/file_dates.h"
-#include "engine/fill_in.h"
 #include "engine/keywords.h"
 #include "media/exif_reader.h"
 
 namespace tallowbrook {
 namespace {
 
-// What the sample shows, which has no folder. It is no keyword.
-constexpr std::string_view noFolder = "<foldername>";
-// Of functions: what is ill-formed stays, and is found again and again until they are over.
-constexpr int mostPasses = 26;
-
 enum class Fact { Folder, BaseName, FullName, Extension, Now, Created, Modified, Taken, Photo };
 enum class Form { Plain, TwoDigits, LastTwoDigits };
-// What stands for a keyword. In the order in which they are replaced; one line a keyword.
+
+}  // namespace
+
+// What stands for a keyword.
 struct FactKeyword {
   std::string_view keyword;
   Fact fact;
@@ -30,6 +27,15 @@ struct FactKeyword {
   Form form = Form::Plain;
   std::int32_t tag = 0;  // of Photo
 };
+
+namespace {
+
+// What the sample shows, which has no folder. It is no keyword.
+constexpr std::string_view noFolder = "<foldername>";
+// Of functions: what is ill-formed stays, and is found again and again until they are over.
+constexpr int mostPasses = 26;
+
+// In the order in which they are replaced; one line a keyword.
 // clang-format off
 constexpr FactKeyword factKeywords[] = {
     {"<folder>", Fact::Folder},
@@ -228,13 +234,14 @@ std::string_view LastFolderName(std::string_view folder) {
   return folder.substr(folder.rfind('/') + 1);
 }
 
-std::string KeywordMask::ExpandKeywords(std::string mask, std::string_view baseName,
+std::string KeywordMask::ExpandKeywords(const std::string& wholeMask, std::string_view baseName,
                                         std::string_view fullName, std::string_view folder,
                                         std::string_view extension) {
   if (folder.empty()) folder = noFolder;
   FileFactsOnDemand facts(files_, clock_, {baseName, fullName, folder, extension});
   const auto valueOf = [&](const FactKeyword& row) { return facts.ValueOf(row); };
-  if (auto filled = FillInAtOnce(mask, FindKeyword, valueOf)) return *std::move(filled);
+  if (auto filled = plain_.FillInAtOnce(wholeMask, FindKeyword, valueOf)) return *std::move(filled);
+  std::string mask = wholeMask;
   for (const FactKeyword& row : factKeywords) {
     const bool isOfPhotos = row.fact == Fact::Taken || row.fact == Fact::Photo;
     if (isOfPhotos && !facts.IsPhoto()) break;

@@ -6,13 +6,18 @@
 #include "base/guards.h"
 #include "base/letter_case.h"
 #include "base/text.h"
-#include "engine/fill_in.h"
 #include "engine/name_builder.h"
 
 namespace tallowbrook {
-namespace {
 
-constexpr std::string_view mp3Extension = ".mp3";
+template <typename Tag>
+struct TagKeyword;
+
+// A keyword of either tag.
+struct TagFact {
+  const TagKeyword<cMP3ID3v1>* v1 = nullptr;
+  const TagKeyword<cMP3ID3v2>* v2 = nullptr;
+};
 
 // What stands for a keyword, and whether the file lacks it.
 template <typename Tag>
@@ -21,6 +26,10 @@ struct TagKeyword {
   std::string (*value)(const Tag&);
   bool (*isMissing)(const Tag&);
 };
+
+namespace {
+
+constexpr std::string_view mp3Extension = ".mp3";
 
 using V1 = cMP3ID3v1;
 using V2 = cMP3ID3v2;
@@ -109,12 +118,6 @@ bool Fill(std::string& text, const Tag& tag, std::span<const TagKeyword<Tag>> ke
   return missing;
 }
 
-// A keyword of either tag.
-struct TagFact {
-  const TagKeyword<V1>* v1 = nullptr;
-  const TagKeyword<V2>* v2 = nullptr;
-};
-
 // In whatever case.
 const TagFact* FindKeyword(std::string_view keyword) {
   static const auto known = [] {
@@ -159,15 +162,15 @@ std::string TagMask::Compose(const std::string& mask, TagMaskRules rules,
 }
 
 // `missing` tells whether a field that the mask asks for is.
-std::string TagMask::FillTags(const std::string& mask, Wanted wanted, bool& missing) const {
+std::string TagMask::FillTags(const std::string& mask, Wanted wanted, bool& missing) {
   const bool lacksV1 = wanted.v1 && !v1_.HasID3v1Tag();
   const bool lacksV2 = wanted.v2 && !v2_.HasID3v2Tag();
   if (!lacksV1 && !lacksV2) {
-    const auto filled = FillInAtOnce(mask, FindKeyword, [&](const TagFact& fact) {
+    auto filled = plain_.FillInAtOnce(mask, FindKeyword, [&](const TagFact& fact) {
       missing = missing || (fact.v1 ? fact.v1->isMissing(v1_) : fact.v2->isMissing(v2_));
       return fact.v1 ? fact.v1->value(v1_) : fact.v2->value(v2_);
     });
-    if (filled) return *filled;
+    if (filled) return *std::move(filled);
   }
   // What version 1 put in is searched for the keywords of version 2.
   std::string text = lacksV1 ? Refusal("ID3v1 tag not found") : mask;

@@ -5,6 +5,7 @@
 #include <string>
 #include <string_view>
 
+#include "engine/fill_in.h"
 #include "media/mp3_id3v1.h"
 #include "media/mp3_id3v2.h"
 #include "platform/files.h"
@@ -15,6 +16,8 @@ struct TagMaskRules {
   bool allInfoPresent;  // refuses a file that lacks a field which the mask uses
   bool mp3Extension;    // puts ".mp3" behind a name that doesn't end in it
 };
+
+struct TagFact;
 
 class TagMask {
  public:
@@ -30,11 +33,12 @@ class TagMask {
   struct Wanted {
     bool v1, v2;
   };
-  std::string FillTags(const std::string& mask, Wanted wanted, bool& missing) const;
+  std::string FillTags(const std::string& mask, Wanted wanted, bool& missing);
 
   Files& files_;
   cMP3ID3v1 v1_;
   cMP3ID3v2 v2_;
+  PlainMask<TagFact> plain_;
 };
 
 }  // namespace tallowbrook

@@ -1,7 +1,9 @@
 #include "media/exif_reader.h"
 
+#include <algorithm>
+#include <bitset>
 #include <charconv>
-#include <span>
+#include <vector>
 
 #include "base/code_page.h"
 #include "base/decimal.h"
@@ -12,9 +14,6 @@
 namespace tallowbrook {
 namespace {
 
-// What is read of a file: its first bytes, and one zero byte behind a shorter file. What lies
-// further back isn't found; the bound keeps a folder of photos quick to list.
-constexpr std::int64_t highestIndex = 7000;
 constexpr std::size_t entrySize = 12;
 constexpr std::string_view reader = "ExifReader";
 
@@ -45,7 +44,7 @@ void AppendDecimals(std::string& text, std::span<const char> bytes) {
 }  // namespace
 
 unsigned ExifReader::Byte(std::int64_t at) const {
-  if (at < 0 || at >= std::ssize(image_)) Raise(failureSubscript, reader);
+  if (at < 0 || at >= std::ssize(Image())) Raise(failureSubscript, reader);
   return static_cast<unsigned char>(image_[static_cast<std::size_t>(at)]);
 }
 
@@ -82,17 +81,19 @@ void ExifReader::ReadHead() {
   const std::unique_ptr<RandomAccessFile> file =
       files_.Open(picFile, FileAccess::ReadOrCreate, &error);
   RaiseOnError(error, reader);
-  const std::int64_t last = std::min(file->Size(), highestIndex);
-  image_.assign(static_cast<std::size_t>(last) + 1, 0);
+  imageSize_ = static_cast<std::size_t>(std::min<std::int64_t>(file->Size() + 1, longestHead));
   std::size_t got = 0;
-  if (file->Size() > 0) RaiseOnError(file->Read(0, image_, got), reader);
+  FileError readError = FileError::None;
+  if (file->Size() > 0) readError = file->Read(0, {image_.data(), imageSize_}, got);
+  std::fill(image_.data() + got, image_.data() + imageSize_, '\0');
+  RaiseOnError(readError, reader);
 }
 
 // A start marker of which either byte is right will do. The first FF E1 in the head is taken for
 // the segment's marker, whatever segment it stands in. Both are wanted.
 void ExifReader::CheckHead() {
   if (Byte(1) != 0xD8 && Byte(0) != 0xFF) Raise(failureInvalidArgument, reader);
-  const std::string_view head(image_.data(), image_.size());
+  const std::string_view head(image_.data(), imageSize_);
   const std::size_t found = head.find("\xFF\xE1", 2);
   const std::size_t marker = found != std::string_view::npos ? found : 0;
   tiffStart_ = static_cast<std::int32_t>(marker) + 10;
@@ -104,7 +105,7 @@ void ExifReader::CheckHead() {
 // The main directory, those chained behind it, and last the Exif directory. A chain that comes back
 // to a directory that it has walked ends there.
 void ExifReader::WalkDirectories(std::int64_t position) {
-  std::vector<bool> walked(image_.size());
+  std::bitset<longestHead> walked;
   bool inExif = false;
   for (;;) {
     const std::int32_t count = Short(position);
@@ -169,8 +170,7 @@ ExifValue ExifReader::ValueOf(const TagRecord& record) const {
 // Numbers are run together without anything between, and of shorts and longs only as many bytes are
 // taken as there are components. It must be so.
 ExifValue ExifReader::FarValue(const TagRecord& record) const {
-  const std::span<const char> bytes =
-      std::span(image_).subspan(static_cast<std::size_t>(record.at));
+  const Head bytes = Image().subspan(static_cast<std::size_t>(record.at));
   const auto components = static_cast<std::size_t>(record.Components);
   std::string text;
   switch (record.Format) {
