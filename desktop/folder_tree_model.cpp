@@ -1,10 +1,9 @@
 #include "desktop/folder_tree_model.h"
 
-#include <QApplication>
-#include <QStyle>
 #include <algorithm>
 
 #include "base/text.h"
+#include "desktop/icons.h"
 #include "desktop/text.h"
 
 namespace tallowbrook {
@@ -85,12 +84,8 @@ QVariant FolderTreeModel::data(const QModelIndex& index, int role) const {
   if (role == Qt::DisplayRole) return VisibleText(node.name);
   if (role == Qt::ToolTipRole) return PlainToolTip(VisibleText(node.path));
   if (role != Qt::DecorationRole) return {};
-  QStyle::StandardPixmap picture = node.isLink ? QStyle::SP_DirLinkIcon : QStyle::SP_DirIcon;
-  if (!node.parent) picture = node.path == "/" ? QStyle::SP_ComputerIcon : QStyle::SP_DirHomeIcon;
-  // The style reads its files anew for each icon, in all their sizes.
-  const auto [icon, isFirst] = icons_.try_emplace(picture);
-  if (isFirst) icon->second = QApplication::style()->standardIcon(picture);
-  return icon->second;
+  if (node.parent) return FolderIcon(node.isLink ? FolderPicture::Link : FolderPicture::Folder);
+  return FolderIcon(node.path == "/" ? FolderPicture::Computer : FolderPicture::Home);
 }
 
 // A level that nobody has opened is taken to hold something: looking would read every folder

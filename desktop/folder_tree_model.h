@@ -5,9 +5,6 @@
 #pragma once
 
 #include <QAbstractItemModel>
-#include <QIcon>
-#include <QStyle>
-#include <map>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -50,7 +47,6 @@ class FolderTreeModel : public QAbstractItemModel {
 
   Files& files_;
   std::vector<std::unique_ptr<Node>> roots_;
-  mutable std::map<QStyle::StandardPixmap, QIcon> icons_;
 };
 
 // The path without slashes at its end, but "/" itself.

@@ -1,8 +1,16 @@
 #include "desktop/icons.h"
 
-#include <QCoreApplication>
+#include <QApplication>
+#include <QIconEngine>
+#include <QImage>
+#include <QPainter>
+#include <QStyle>
+#include <QStyleOption>
 #include <algorithm>
+#include <array>
+#include <optional>
 
+#include "desktop/png_file.h"
 #include "shell/commands.h"
 
 namespace tallowbrook {
@@ -16,35 +24,106 @@ constexpr std::pair<int, int> standIns[] = {
     {commandExit, 57609},
 };
 
+QString ImagePath(const char* name) {
+  return QCoreApplication::applicationDirPath() + QLatin1String("/res/") + QLatin1String(name);
+}
+
 }  // namespace
 
-IconStrip::IconStrip(const QString& path, std::span<const int> numbers)
-    : numbers_(numbers),
-      images_{QImage(path + QLatin1String(".png")), QImage(path + QLatin1String("@2x.png"))} {}
+class IconStrip::Images {
+ public:
+  Images(const QString& path, int edge) : path_(path), edge_(edge) {}
+
+  // One cell at `ratio` pixels a point, 1 or 2; of the other file where this one lacks it, and null
+  // where both do.
+  QImage Cell(int cell, int ratio) {
+    const QImage image = CellOf(ratio, cell);
+    return image.isNull() ? CellOf(3 - ratio, cell) : image;
+  }
+  QImage CellOf(int ratio, int cell) {
+    std::optional<QImage>& strip = strips_[static_cast<std::size_t>(ratio - 1)];
+    if (!strip) strip = ReadPngFile(path_ + QLatin1String(ratio == 1 ? ".png" : "@2x.png"));
+    const int edge = edge_ * ratio;
+    const QRect place(cell * edge, 0, edge, edge);
+    return strip->rect().contains(place) ? strip->copy(place) : QImage();
+  }
+
+ private:
+  QString path_;
+  int edge_;
+  std::array<std::optional<QImage>, 2> strips_;  // by the pixels a point, from 1
+};
+
+namespace {
+
+// The icon of one cell. It reads no file that no display needs.
+class CellIcon : public QIconEngine {
+ public:
+  CellIcon(std::shared_ptr<IconStrip::Images> images, int cell)
+      : images_(std::move(images)), cell_(cell) {}
+
+  void paint(QPainter* painter, const QRect& rect, QIcon::Mode mode, QIcon::State state) override {
+    const qreal scale = painter->device()->devicePixelRatioF();
+    painter->drawPixmap(rect, scaledPixmap(rect.size() * scale, mode, state, scale));
+  }
+  QPixmap pixmap(const QSize& size, QIcon::Mode mode, QIcon::State state) override {
+    return scaledPixmap(size, mode, state, 1);
+  }
+  // `size` in pixels. Larger than the file's it is the file's.
+  QPixmap scaledPixmap(const QSize& size, QIcon::Mode mode, QIcon::State, qreal scale) override {
+    QImage image = images_->Cell(cell_, scale > 1 ? 2 : 1);
+    if (size.width() < image.width() || size.height() < image.height()) {
+      image = image.scaled(size, Qt::KeepAspectRatio, Qt::SmoothTransformation);
+    }
+    const QPixmap pixmap = QPixmap::fromImage(image);
+    if (mode == QIcon::Normal) return pixmap;
+    QStyleOption option;
+    option.palette = QApplication::palette();
+    return QApplication::style()->generatedIconPixmap(mode, pixmap, &option);
+  }
+  QList<QSize> availableSizes(QIcon::Mode, QIcon::State) override {
+    QList<QSize> sizes;
+    for (const int ratio : {1, 2}) {
+      const QImage image = images_->CellOf(ratio, cell_);
+      if (!image.isNull()) sizes += image.size();
+    }
+    return sizes;
+  }
+  QIconEngine* clone() const override { return new CellIcon(*this); }
+
+ private:
+  std::shared_ptr<IconStrip::Images> images_;
+  int cell_;
+};
+
+}  // namespace
+
+IconStrip::IconStrip(const QString& path, int edge, std::span<const int> numbers)
+    : numbers_(numbers), images_(std::make_shared<Images>(path, edge)) {}
 
 QIcon IconStrip::Icon(int number) const {
-  QIcon icon;
   const auto cell = static_cast<int>(std::ranges::find(numbers_, number) - numbers_.begin());
-  if (cell == static_cast<int>(numbers_.size())) return icon;
-  int ratio = 0;
-  for (const QImage& strip : images_) {
-    const int edge = iconEdge * ++ratio;
-    const QRect place(cell * edge, 0, edge, edge);
-    if (!strip.rect().contains(place)) continue;
-    QPixmap image = QPixmap::fromImage(strip.copy(place));
-    image.setDevicePixelRatio(ratio);
-    icon.addPixmap(image);
-  }
-  return icon;
+  const bool isThere = cell < static_cast<int>(numbers_.size()) && !images_->Cell(cell, 1).isNull();
+  return isThere ? QIcon(new CellIcon(images_, cell)) : QIcon();
 }
 
 QIcon CommandIcon(int number) {
-  const QString images = QCoreApplication::applicationDirPath() + QLatin1String("/res/");
-  static const IconStrip strip(images + QLatin1String("SystemMenuLarge"), stripNumbers);
-  static const IconStrip system(images + QLatin1String("tb_icon_small"), {&systemIconNumber, 1});
+  static const IconStrip strip(ImagePath("SystemMenuLarge"), iconEdge, stripNumbers);
+  static const IconStrip system(ImagePath("tb_icon_small"), iconEdge, {&systemIconNumber, 1});
   if (number == systemIconNumber) return system.Icon(number);
   const auto* standIn = std::ranges::find(standIns, number, &std::pair<int, int>::first);
   return strip.Icon(standIn == std::end(standIns) ? number : standIn->second);
+}
+
+QIcon FolderIcon(FolderPicture picture) {
+  static const auto icons = [] {
+    static constexpr int cells[] = {0, 1, 2, 3};
+    const IconStrip strip(ImagePath("FolderTree"), folderIconEdge, cells);
+    std::array<QIcon, std::size(cells)> made;
+    std::ranges::transform(cells, made.begin(), [&](int cell) { return strip.Icon(cell); });
+    return made;
+  }();
+  return icons[static_cast<std::size_t>(picture)];
 }
 
 }  // namespace tallowbrook

@@ -1,11 +1,11 @@
-// The images of commands, by the numbers that the commands have.
+// The images of commands, by the numbers that the commands have, and those of folders.
 //
 // Two files beside the executable, "NAME.png" and "NAME@2x.png", hold one row of square cells each,
 // for displays of one and of two pixels a point. The build draws them from resources/icons/.
 #pragma once
 
 #include <QIcon>
-#include <QImage>
+#include <memory>
 #include <span>
 
 namespace tallowbrook {
@@ -20,19 +20,28 @@ inline constexpr int systemIconNumber = 1200;  // has files of its own
 
 class IconStrip {
  public:
-  // `path` without ".png". Cells that a file lacks, or all where it is missing, are no images.
-  IconStrip(const QString& path, std::span<const int> numbers);
+  // The two files, each read when a display first asks for its pixels.
+  class Images;
+
+  // `path` without ".png", `edge` of a cell in points. Cells that a file lacks, or all where it is
+  // missing, are no images.
+  IconStrip(const QString& path, int edge, std::span<const int> numbers);
 
   // Null for a number without a cell.
   QIcon Icon(int number) const;
 
  private:
   std::span<const int> numbers_;
-  QImage images_[2];  // by the pixels a point, from 1
+  std::shared_ptr<Images> images_;
 };
 
 // The image of a command, of its own or one that stands for it; null for one that has none, or
 // where the program's images are missing.
 QIcon CommandIcon(int number);
+
+// In the order of their cells.
+enum class FolderPicture { Folder, Link, Home, Computer };
+inline constexpr int folderIconEdge = 16;
+QIcon FolderIcon(FolderPicture picture);
 
 }  // namespace tallowbrook

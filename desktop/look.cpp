@@ -12,6 +12,7 @@
 #include <unordered_map>
 
 #include "desktop/outline_style.h"
+#include "desktop/png_file.h"
 #include "desktop/theme.h"
 
 namespace tallowbrook {
@@ -208,9 +209,8 @@ void ShowAlert(QWidget& widget, bool on) {
 }
 
 QIcon ProgramIcon() {
-  // As a picture: an icon of a file looks for plugins first.
-  return QIcon(
-      QPixmap(QCoreApplication::applicationDirPath() + QLatin1String("/Images/tallowbrook.png")));
+  return QIcon(QPixmap::fromImage(ReadPngFile(QCoreApplication::applicationDirPath() +
+                                              QLatin1String("/Images/tallowbrook.png"))));
 }
 
 QWidget* AddCard(QWidget* page) {

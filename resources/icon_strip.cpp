@@ -1,4 +1,4 @@
-// Draws icons as one row of square cells: icon_strip OUTPUT.png CELL ICON.svg|FOLDER
+// Draws icons as one row of square cells: icon_strip OUTPUT.png CELL ICON.svg...|FOLDER
 //
 // CELL is the edge of a cell in pixels. A folder is drawn by the numbers of the program's strip,
 // each from NUMBER.svg. A part of the build: the images beside the executable are made here.
@@ -12,11 +12,11 @@
 
 namespace {
 
-QStringList FilesOf(const QString& source) {
-  if (!QFileInfo(source).isDir()) return {source};
+QStringList FilesOf(const QStringList& sources) {
+  if (!QFileInfo(sources.first()).isDir()) return sources;
   QStringList files;
   for (const int number : tallowbrook::stripNumbers) {
-    files += QStringLiteral("%1/%2.svg").arg(source).arg(number);
+    files += QStringLiteral("%1/%2.svg").arg(sources.first()).arg(number);
   }
   return files;
 }
@@ -39,11 +39,11 @@ int main(int argc, char** argv) {
   const QCoreApplication application(argc, argv);
   const QStringList arguments = QCoreApplication::arguments();
   const int cell = arguments.value(2).toInt();
-  if (arguments.size() != 4 || cell <= 0) {
-    std::fprintf(stderr, "usage: icon_strip OUTPUT.png CELL ICON.svg|FOLDER\n");
+  if (arguments.size() < 4 || cell <= 0) {
+    std::fprintf(stderr, "usage: icon_strip OUTPUT.png CELL ICON.svg...|FOLDER\n");
     return 2;
   }
-  const QStringList files = FilesOf(arguments[3]);
+  const QStringList files = FilesOf(arguments.mid(3));
   QImage strip(cell * static_cast<int>(files.size()), cell, QImage::Format_ARGB32);
   strip.fill(Qt::transparent);
   QPainter painter(&strip);

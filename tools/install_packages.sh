@@ -17,7 +17,7 @@ install_packages() {
 
 # What the program is built from and runs on.
 program_packages=(g++ cmake ninja-build pkg-config libpcre2-dev qt6-base-dev qt6-qpa-plugins
-                  libqt6svg6 qt6-image-formats-plugins fonts-dejavu-core)
+                  libqt6svg6 libpng-dev qt6-image-formats-plugins fonts-dejavu-core)
 # What shows it where no display is, and what writes the tags that the tour starts from.
 tour_packages=(xvfb id3v2 exiv2)
 check_packages=(git libgtest-dev libgmock-dev clang-format clang-tidy python3)

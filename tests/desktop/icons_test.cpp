@@ -55,12 +55,12 @@ TEST(Icons, WhatIsMissingIsNoImage) {
   const TemporaryFolder folder;
   const QString path = QString::fromStdString(folder.Path("strip"));
   const int numbers[] = {7, 8};
-  EXPECT_TRUE(IconStrip(path, numbers).Icon(7).isNull());
+  EXPECT_TRUE(IconStrip(path, iconEdge, numbers).Icon(7).isNull());
   folder.Write("strip.png", "no image");
   QImage twoCells(4 * iconEdge, 2 * iconEdge, QImage::Format_ARGB32);
   twoCells.fill(Qt::red);
   ASSERT_TRUE(twoCells.copy(0, 0, 100, 2 * iconEdge).save(path + QStringLiteral("@2x.png")));
-  const IconStrip strip(path, numbers);
+  const IconStrip strip(path, iconEdge, numbers);
   EXPECT_EQ(strip.Icon(7).availableSizes().size(), 1);
   EXPECT_TRUE(strip.Icon(8).isNull()) << "half a cell";
   EXPECT_TRUE(strip.Icon(9).isNull());
