@@ -14,7 +14,6 @@
 #include "desktop/exact_text_edit.h"
 #include "desktop/lines_binding.h"
 #include "desktop/mask_edit.h"
-#include "desktop/quiet_combo.h"
 #include "desktop/spin_arrows.h"
 #include "desktop/text.h"
 
@@ -64,15 +63,15 @@ QLineEdit* Binder::Add(Text& text, Spin& spin, QWidget* parent) {
   return line;
 }
 
-QComboBox* Binder::Add(TextWithItems& text, QWidget* parent) {
+QuietCombo* Binder::Add(TextWithItems& text, QWidget* parent) {
   auto* box = new QuietCombo(parent);
   Keep(text, new TextWithItemsBinding(text, *box));
   return box;
 }
 
-QComboBox* Binder::Add(List& list, QWidget* parent) {
+QuietCombo* Binder::Add(List& list, QWidget* parent) {
   auto* box = new QuietCombo(parent);
-  box->setSizeAdjustPolicy(QComboBox::AdjustToContents);
+  box->SetWidth(QuietCombo::Width::OfItems);
   Keep(list, new ListBinding(list, *box));
   return box;
 }

@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "desktop/binding.h"
+#include "desktop/quiet_combo.h"
 
 class QButtonGroup;
 class QPlainTextEdit;
@@ -35,8 +36,8 @@ class Binder {
   MaskEdit* Add(MaskText& mask, QWidget* parent);
   // The line of the text, with the arrows of `spin` in it.
   QLineEdit* Add(Text& text, Spin& spin, QWidget* parent);
-  QComboBox* Add(TextWithItems& text, QWidget* parent);
-  QComboBox* Add(List& list, QWidget* parent);
+  QuietCombo* Add(TextWithItems& text, QWidget* parent);
+  QuietCombo* Add(List& list, QWidget* parent);
   QRadioButton* Add(Option& option, QWidget* parent, char accessKey = 0);
   QDateEdit* Add(DateField& date, QWidget* parent);
   QPushButton* Add(Button& button, QWidget* parent, char accessKey = 0);

@@ -17,6 +17,7 @@
 
 #include "base/guards.h"
 #include "desktop/look.h"
+#include "desktop/quiet_combo.h"
 #include "desktop/spin_arrows.h"
 #include "desktop/text.h"
 
@@ -221,9 +222,9 @@ void ListBinding::ShowValue() {
   box_.setCurrentIndex(list_.Index());
 }
 
-TextWithItemsBinding::TextWithItemsBinding(TextWithItems& text, QComboBox& box)
+TextWithItemsBinding::TextWithItemsBinding(TextWithItems& text, QuietCombo& box)
     : TypedBinding(text, box), text_(text), box_(box) {
-  box.setEditable(true);
+  box.MakeEditable();
   box.setInsertPolicy(QComboBox::NoInsert);
   box.setDuplicatesEnabled(true);
   box.setCompleter(nullptr);

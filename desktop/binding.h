@@ -22,6 +22,8 @@ class QWheelEvent;
 
 namespace tallowbrook {
 
+class QuietCombo;
+
 class SpinArrows;
 
 // Lives as long as its widget or its binder, whichever ends first.
@@ -127,7 +129,7 @@ class ListBinding : public Binding {
 // Free text over items: proposals or a history.
 class TextWithItemsBinding : public TypedBinding {
  public:
-  TextWithItemsBinding(TextWithItems& text, QComboBox& box);
+  TextWithItemsBinding(TextWithItems& text, QuietCombo& box);
   void TakeFocus() override;
 
  protected:

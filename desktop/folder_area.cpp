@@ -17,7 +17,7 @@ FolderArea::FolderArea(Form1& form, Files& files, const std::string& home, Binde
   auto* column = new QVBoxLayout(this);
   column->setContentsMargins(0, 0, 0, 0);
   column->setSpacing(spacing);
-  QComboBox* box = binder.Add(form.pane.Combo1, this);
+  QuietCombo* box = binder.Add(form.pane.Combo1, this);
   SetUpCompletion(*box);
   column->addWidget(box);
   column->addWidget(&tree_, 1);
@@ -32,9 +32,8 @@ FolderArea::FolderArea(Form1& form, Files& files, const std::string& home, Binde
   ShowSelected();
 }
 
-void FolderArea::SetUpCompletion(QComboBox& box) {
-  box.setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
-  box.setMinimumContentsLength(8);
+void FolderArea::SetUpCompletion(QuietCombo& box) {
+  box.SetWidth(QuietCombo::Width::OfCharacters, 8);
   box.lineEdit()->setPlaceholderText(QStringLiteral("Go to folder, e.g. /home/"));
   auto* completer = new QCompleter(box.model(), &box);
   completer->setCompletionMode(QCompleter::PopupCompletion);

@@ -14,7 +14,7 @@ class FolderArea : public QWidget {
   FolderArea(Form1& form, Files& files, const std::string& home, Binder& binder, QWidget* parent);
 
  private:
-  void SetUpCompletion(QComboBox& box);
+  void SetUpCompletion(QuietCombo& box);
   void ShowSelected();
 
   Form1& form_;

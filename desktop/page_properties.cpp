@@ -65,9 +65,8 @@ QGroupBox* PropertiesPage::MakeFilenamePanel() {
   auto* column = static_cast<QVBoxLayout*>(panel->layout());
   column->addWidget(binder_.Add(form_.settings.Check_Original, panel));
   column->addWidget(binder_.Add(form_.settings.Combo_Original, panel));
-  QComboBox* name = binder_.Add(form_.settings.Combo_OriginalName, panel);
-  name->setMinimumContentsLength(10);
-  name->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+  QuietCombo* name = binder_.Add(form_.settings.Combo_OriginalName, panel);
+  name->SetWidth(QuietCombo::Width::OfCharacters, 10);
   column->addWidget(name);
   column->addWidget(binder_.Add(form_.pages.ClearComboBoxName.styled, panel, 'h'));
   column->addStretch();
@@ -156,8 +155,8 @@ QWidget* PropertiesPage::MakeDates(QWidget* parent) {
   start->addWidget(binder_.AddCaption(s.Combo_UniqueDateStart0, month));
   start->addWidget(month);
   start->addWidget(binder_.Add(s.Combo_UniqueDateStart1, frame));
-  QComboBox* year = binder_.Add(s.Combo_UniqueDateStart2, frame);
-  year->setMinimumContentsLength(5);
+  QuietCombo* year = binder_.Add(s.Combo_UniqueDateStart2, frame);
+  year->SetWidth(QuietCombo::Width::OfItems, 5);
   start->addWidget(year);
   start->addStretch();
   column->addLayout(start);

@@ -19,13 +19,10 @@ QLayout* MakeFields(Form1& form, Binder& binder, QWidget* page) {
   RenameSettings& s = form.settings;
   auto* grid = new QGridLayout;
   grid->setSpacing(spacing);
-  QComboBox* find = binder.Add(s.Combo_Find, page);
-  QComboBox* replace = binder.Add(s.Combo_Replace, page);
+  QuietCombo* find = binder.Add(s.Combo_Find, page);
+  QuietCombo* replace = binder.Add(s.Combo_Replace, page);
   QComboBox* count = binder.Add(s.Combo_Occurances, page);
-  for (QComboBox* box : {find, replace}) {
-    box->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
-    box->setMinimumContentsLength(24);
-  }
+  for (QuietCombo* box : {find, replace}) box->SetWidth(QuietCombo::Width::OfCharacters, 24);
   grid->addWidget(binder.AddCaption(s.Combo_Find, find), 0, 0);
   grid->addWidget(find, 0, 1, 1, 3);
   grid->addWidget(binder.AddCaption(s.Combo_Replace, replace, 'r'), 1, 0);

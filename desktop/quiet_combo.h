@@ -1,5 +1,9 @@
 // A drop-down box that changes only when the user means it: the mouse wheel passes it by unless
 // it has the focus, and one that takes no typing offers no items either.
+//
+// It says itself how wide it wants to be. The toolkit's own policies for that make the window that
+// drops down together with the box; with all boxes of the first page that is a tenth of the
+// program's start.
 #pragma once
 
 #include <QComboBox>
@@ -11,14 +15,20 @@ namespace tallowbrook {
 
 class QuietCombo : public QComboBox {
  public:
-  explicit QuietCombo(QWidget* parent) : QComboBox(parent) {
-    setFocusPolicy(Qt::StrongFocus);
-    setMaxVisibleItems(14);
-  }
+  enum class Width {
+    OfFirstItems,  // as the toolkit has it: of the items that are there when it first shows
+    OfItems,       // of the widest item, and of `characters` at least
+    OfCharacters,  // of `characters`, whatever the items are
+  };
 
-  // The toolkit keeps the least width of the time before the items came.
+  explicit QuietCombo(QWidget* parent);
+  void SetWidth(Width width, int characters = 0);
+  // Takes typing from now on.
+  void MakeEditable();
+
+  QSize sizeHint() const override;
   QSize minimumSizeHint() const override {
-    return sizeAdjustPolicy() == AdjustToContents ? sizeHint() : QComboBox::minimumSizeHint();
+    return width_ == Width::OfFirstItems ? QComboBox::minimumSizeHint() : sizeHint();
   }
   void showPopup() override {
     if (!Locked()) QComboBox::showPopup();
@@ -41,6 +51,9 @@ class QuietCombo : public QComboBox {
 
  private:
   bool Locked() const { return isEditable() && lineEdit()->isReadOnly(); }
+
+  Width width_ = Width::OfFirstItems;
+  int characters_ = 0;
 };
 
 }  // namespace tallowbrook

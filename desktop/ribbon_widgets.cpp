@@ -170,8 +170,7 @@ void GroupCaption::SetMarked(bool marked) {
 ActingCombo::ActingCombo(List& list, std::function<void()> chosen, QWidget* parent)
     : QuietCombo(parent), list_(list) {
   setObjectName(ToText(list.Name()));
-  setSizeAdjustPolicy(AdjustToMinimumContentsLengthWithIcon);
-  setMinimumContentsLength(18);
+  SetWidth(Width::OfCharacters, 18);
   // A click on the list leaves the keyboard where it is.
   setFocusPolicy(Qt::TabFocus);
   connect(this, &QComboBox::activated, this, [this, chosen = std::move(chosen)](int index) {

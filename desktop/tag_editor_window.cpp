@@ -60,9 +60,8 @@ class FieldColumn {
     QLineEdit* line = binder_.Add(shown, box_);
     ShowAsFixed(*line);
     line->setMinimumWidth(line->fontMetrics().averageCharWidth() * charactersShown);
-    QComboBox* combo = binder_.Add(chosen, box_);
-    combo->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
-    combo->setMinimumContentsLength(charactersShown);
+    QuietCombo* combo = binder_.Add(chosen, box_);
+    combo->SetWidth(QuietCombo::Width::OfCharacters, charactersShown);
     pair->addWidget(line, 1);
     pair->addWidget(combo, 1);
     QLabel* caption = binder_.AddCaption(shown, line);

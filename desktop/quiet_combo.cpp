@@ -1,0 +1,50 @@
+#include "desktop/quiet_combo.h"
+
+#include <QAbstractItemModel>
+#include <QStyle>
+#include <QStyleOptionComboBox>
+#include <algorithm>
+
+namespace tallowbrook {
+
+QuietCombo::QuietCombo(QWidget* parent) : QComboBox(parent) {
+  setFocusPolicy(Qt::StrongFocus);
+  setMaxVisibleItems(14);
+  const auto fitAnew = [this] {
+    if (width_ == Width::OfItems) updateGeometry();
+  };
+  connect(model(), &QAbstractItemModel::rowsInserted, this, fitAnew);
+  connect(model(), &QAbstractItemModel::rowsRemoved, this, fitAnew);
+  connect(model(), &QAbstractItemModel::dataChanged, this, fitAnew);
+  connect(model(), &QAbstractItemModel::modelReset, this, fitAnew);
+}
+
+void QuietCombo::SetWidth(Width width, int characters) {
+  width_ = width;
+  characters_ = characters;
+  updateGeometry();
+}
+
+// setEditable makes the window that drops down too.
+void QuietCombo::MakeEditable() {
+  setLineEdit(new QLineEdit(this));
+}
+
+QSize QuietCombo::sizeHint() const {
+  if (width_ == Width::OfFirstItems) return QComboBox::sizeHint();
+  constexpr int besideIcon = 4;
+  constexpr int leastHeight = 14;
+  constexpr int frame = 2;
+  const QFontMetrics metrics = fontMetrics();
+  int width = characters_ * metrics.horizontalAdvance(QLatin1Char('X'));
+  if (width_ == Width::OfCharacters) width += iconSize().width() + besideIcon;
+  for (int item = 0; width_ == Width::OfItems && item < count(); ++item) {
+    width = std::max(width, metrics.size(Qt::TextSingleLine, itemText(item)).width());
+  }
+  QStyleOptionComboBox option;
+  initStyleOption(&option);
+  const QSize contents(width, std::max(metrics.height(), leastHeight) + frame);
+  return style()->sizeFromContents(QStyle::CT_ComboBox, &option, contents, this);
+}
+
+}  // namespace tallowbrook
