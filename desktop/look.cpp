@@ -111,7 +111,6 @@ QPushButton[link="true"] {
 }
 QPushButton[link="true"]:hover { color: @text; }
 QPushButton[link="true"]:focus { border-color: @focus; }
-*[alert="true"] { background: @alert; color: @alertText; }
 
 QToolTip { background: @tip; color: @tipText; border: 1px solid @border; padding: 2px; }
 QStatusBar { background: @status; border-top: 1px solid @border; }
@@ -204,8 +203,12 @@ void ShowLine(QLineEdit& line, LineLook look) {
   SetLook(line, "look", QLatin1String(names[static_cast<std::size_t>(look)]));
 }
 
+// Of its own: a rule of the sheet for any widget is tried on every one.
 void ShowAlert(QWidget& widget, bool on) {
-  SetLook(widget, "alert", on);
+  const Theme& theme = CurrentTheme();
+  widget.setStyleSheet(on ? QStringLiteral("background: %1; color: %2;")
+                                .arg(theme.alert.name(), theme.alertText.name())
+                          : QString());
 }
 
 QIcon ProgramIcon() {

@@ -11,6 +11,7 @@ QuietCombo::QuietCombo(QWidget* parent) : QComboBox(parent) {
   setFocusPolicy(Qt::StrongFocus);
   setMaxVisibleItems(14);
   const auto fitAnew = [this] {
+    widestItem_.reset();
     if (width_ == Width::OfItems) updateGeometry();
   };
   connect(model(), &QAbstractItemModel::rowsInserted, this, fitAnew);
@@ -38,13 +39,28 @@ QSize QuietCombo::sizeHint() const {
   const QFontMetrics metrics = fontMetrics();
   int width = characters_ * metrics.horizontalAdvance(QLatin1Char('X'));
   if (width_ == Width::OfCharacters) width += iconSize().width() + besideIcon;
-  for (int item = 0; width_ == Width::OfItems && item < count(); ++item) {
-    width = std::max(width, metrics.size(Qt::TextSingleLine, itemText(item)).width());
-  }
+  if (width_ == Width::OfItems) width = std::max(width, WidestItem());
   QStyleOptionComboBox option;
   initStyleOption(&option);
   const QSize contents(width, std::max(metrics.height(), leastHeight) + frame);
   return style()->sizeFromContents(QStyle::CT_ComboBox, &option, contents, this);
+}
+
+int QuietCombo::WidestItem() const {
+  if (widestItem_) return *widestItem_;
+  int widest = 0;
+  for (int item = 0; item < count(); ++item) {
+    widest = std::max(widest, fontMetrics().size(Qt::TextSingleLine, itemText(item)).width());
+  }
+  widestItem_ = widest;
+  return widest;
+}
+
+void QuietCombo::changeEvent(QEvent* event) {
+  if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange) {
+    widestItem_.reset();
+  }
+  QComboBox::changeEvent(event);
 }
 
 }  // namespace tallowbrook

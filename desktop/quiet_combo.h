@@ -10,6 +10,7 @@
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QWheelEvent>
+#include <optional>
 
 namespace tallowbrook {
 
@@ -35,6 +36,7 @@ class QuietCombo : public QComboBox {
   }
 
  protected:
+  void changeEvent(QEvent* event) override;
   void wheelEvent(QWheelEvent* event) override {
     if (hasFocus() && !Locked()) {
       QComboBox::wheelEvent(event);
@@ -52,8 +54,12 @@ class QuietCombo : public QComboBox {
  private:
   bool Locked() const { return isEditable() && lineEdit()->isReadOnly(); }
 
+  int WidestItem() const;
+
   Width width_ = Width::OfFirstItems;
   int characters_ = 0;
+  // Layouts ask often; measured anew when items or the font change.
+  mutable std::optional<int> widestItem_;
 };
 
 }  // namespace tallowbrook

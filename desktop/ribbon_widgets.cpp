@@ -51,11 +51,14 @@ QChar MarkedLetter(std::string_view caption) {
 QString CommandToolTip(const QString& title, std::string_view description) {
   constexpr int widest = 180 - 16;  // without its frame
   constexpr int inset = 2;
+  constexpr qsizetype surelyWider = 40;  // characters
   const QString text = ToText(description);
   QFont bold = QToolTip::font();
   bold.setBold(true);
-  const int wanted = std::max(QFontMetrics(bold).horizontalAdvance(title),
-                              QFontMetrics(QToolTip::font()).horizontalAdvance(text));
+  const int wanted = text.size() >= surelyWider
+                         ? widest
+                         : std::max(QFontMetrics(bold).horizontalAdvance(title),
+                                    QFontMetrics(QToolTip::font()).horizontalAdvance(text));
   return QStringLiteral("<table width='%1'><tr><td><b>%2</b><br>%3</td></tr></table>")
       .arg(std::min(widest, wanted + 4 * inset))
       .arg(title.toHtmlEscaped(), text.toHtmlEscaped());
