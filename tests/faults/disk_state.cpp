@@ -16,9 +16,8 @@ using Found = std::map<std::string, std::set<std::string>>;
 Found FindAll(const Stage& stage) {
   Found found;
   for (const TemporaryFolder* folder : {&stage.home, &stage.target}) {
-    for (const std::string& name : folder->Names()) {
-      if (IsHiddenName(name) || name.ends_with(".mp3")) continue;
-      found[folder->Read(name)].insert(folder->Path(name));
+    for (const auto& [name, bytes] : Visible(*folder, false)) {
+      found[bytes].insert(folder->Path(name));
     }
   }
   return found;

@@ -1,7 +1,6 @@
 // Every scenario with its n-th call failing, for each n and each error, and killed: nothing of the
 // user's is lost, the program's own files stay whole, and it goes on.
 #include <signal.h>
-#include <sys/stat.h>
 #include <sys/wait.h>
 #include <time.h>
 #include <unistd.h>
@@ -9,32 +8,21 @@
 #include <cerrno>
 #include <chrono>
 #include <cstdlib>
-#include <cstring>
 #include <filesystem>
 #include <iostream>
 #include <optional>
 #include <random>
 
 #include "tests/faults/disk_state.h"
-#include "tests/faults/system_calls.h"
+#include "tests/support/system_calls.h"
 
 namespace tallowbrook {
 namespace {
 
 using std::chrono::nanoseconds;
-using system_calls::Ending;
 
 constexpr int fewRows = 6;
 constexpr int manyRows = 100;
-
-// A folder on another file system than that for temporary files; empty if there is none.
-std::string OtherFileSystem() {
-  struct stat here, there;
-  const std::string other = "/dev/shm";
-  const bool isOther = stat(std::filesystem::temp_directory_path().c_str(), &here) == 0 &&
-                       stat(other.c_str(), &there) == 0 && here.st_dev != there.st_dev;
-  return isOther && access(other.c_str(), W_OK) == 0 ? other : "";
-}
 
 // Shortened, a tenth of the kills and a fifth of the refusals are done.
 bool IsFullLength() {
@@ -42,11 +30,69 @@ bool IsFullLength() {
   return value != nullptr && std::string_view(value) == "1";
 }
 
+// One way to let the n-th call from now on fail, none where n is 0. `end` takes it back and tells
+// how many calls there were.
+struct Fault {
+  std::string name;
+  Harm harm;
+  std::function<void(Stage&, int n)> begin;
+  std::function<int(Stage&)> end;
+};
+
+std::vector<Fault> FaultsOfFiles() {
+  std::vector<Fault> faults;
+  for (const FileError error :
+       {FileError::NoSpace, FileError::Io, FileError::NotFound, FileError::NotPermitted}) {
+    const auto begin = [error](Stage& stage, int n) {
+      stage.callsBefore = stage.faulty.CountAll();
+      stage.faulty.FailAnyAt(stage.callsBefore + n, error);
+    };
+    const auto end = [](Stage& stage) {
+      stage.faulty.FailAnyAt(0, FileError::None);
+      return stage.faulty.CountAll() - stage.callsBefore;
+    };
+    faults.push_back({"files, " + std::to_string(int(error)), Harm::OneCall, begin, end});
+  }
+  return faults;
+}
+
+int callsOfTheSystem = 0;
+
+// Counts the system's calls from 1 anew. The n-th fails with the error and does nothing; or from
+// the n-th on whatever needs room does so, and of that one a half is done.
+void WatchTheSystem(int n, int error, bool fromNowOn) {
+  callsOfTheSystem = 0;
+  system_calls::guard = [=](const system_calls::Call& call) {
+    const bool isMeant = ++callsOfTheSystem == n;
+    if (!fromNowOn) return isMeant ? error : 0;
+    if (n == 0 || callsOfTheSystem < n || !call.needsRoom) return 0;
+    if (!isMeant || !call.size || *call.size < 2) return error;
+    *call.size /= 2;
+    return 0;
+  };
+}
+
+// The disk that is full comes first, and so its first call is never left out.
+std::vector<Fault> FaultsOfTheSystem() {
+  std::vector<Fault> faults;
+  const auto end = [](Stage&) {
+    system_calls::guard = nullptr;
+    return callsOfTheSystem;
+  };
+  for (const int error : {0, ENOSPC, EIO, ENOENT, EACCES}) {
+    const bool isFull = error == 0;
+    const auto begin = [=](Stage&, int n) { WatchTheSystem(n, isFull ? ENOSPC : error, isFull); };
+    const Harm harm = isFull ? Harm::FullDisk : Harm::OneCall;
+    faults.push_back({"system, " + std::to_string(error), harm, begin, end});
+  }
+  return faults;
+}
+
 class Faults : public testing::TestWithParam<Scenario> {
  protected:
   // The program's folders lie in memory, where flushing takes no time; files are moved to the disk.
   Faults() {
-    const std::string other = OtherFileSystem();
+    const std::string other = OtherFileSystem(target_);
     if (other.empty()) std::cout << "one file system alone: files are moved within it\n";
     if (!other.empty()) inMemory_.emplace(other);
   }
@@ -55,44 +101,47 @@ class Faults : public testing::TestWithParam<Scenario> {
     GetParam().prepare(*stage);
     return stage;
   }
-  void Act(Stage& stage, Form1& form, const std::function<void()>& begin) const {
-    GetParam().act(stage, form, begin);
-  }
 
-  // How many calls were counted; `fault` is set at the beginning and taken back by `end`.
-  int FailOnce(const std::string& what, const std::function<void(Stage&)>& fault,
-               const std::function<int(Stage&)>& end, Harm harm = Harm::OneCall) const {
-    SCOPED_TRACE(what);
+  // How many calls were counted.
+  int FailOnce(const Fault& fault, int n) const {
+    SCOPED_TRACE(fault.name + ", call " + std::to_string(n));
     const auto stage = Prepared(fewRows);
     const auto form = stage->Start();
-    Act(*stage, *form, [&] { fault(*stage); });
-    const int calls = end(*stage);
-    CheckStage(*stage, GetParam(), few_, harm);
+    GetParam().act(*stage, *form, [&] { fault.begin(*stage, n); });
+    const int calls = fault.end(*stage);
+    CheckStage(*stage, GetParam(), few_, fault.harm);
+    const std::string expected = GetParam().saysWhenFull;
+    const bool isFull = fault.harm == Harm::FullDisk && n == 1;
+    EXPECT_TRUE(!isFull || expected.empty() || stage->said == expected) << stage->said;
     CheckGoesOn(*stage, *form, GetParam(), few_);
     return calls;
   }
+  // With a step, each n still has one of the faults, one after the other.
+  void FailEach(const std::vector<Fault>& faults, int step) const {
+    const int last = FailOnce(faults.front(), 0);
+    EXPECT_GT(last, 0);
+    int first = 0;
+    for (const Fault& fault : faults) {
+      for (int n = 1 + first++ % step; n <= last && !HasFailure(); n += step) FailOnce(fault, n);
+    }
+  }
 
-  // Whether it was killed, not done by then.
-  bool Killed(Stage& stage, const std::function<void()>& arm) const {
+  // Whether it was killed, not done by then. `arm` is called in the program that dies.
+  bool KillOnce(const std::string& when, int rows, const Reference& reference,
+                const std::function<void()>& arm) const {
+    SCOPED_TRACE(when);
+    const auto stage = Prepared(rows);
     const pid_t child = fork();
     if (child == 0) {
-      const auto form = stage.Start();
-      Act(stage, *form, arm);
+      GetParam().act(*stage, *stage->Start(), arm);
       _exit(0);
     }
     int status = 0;
     EXPECT_EQ(waitpid(child, &status, 0), child);
     EXPECT_TRUE(WIFSIGNALED(status) ? WTERMSIG(status) == SIGKILL : WEXITSTATUS(status) == 0);
-    return WIFSIGNALED(status);
-  }
-  bool KillOnce(const std::string& what, int rows, const Reference& reference,
-                const std::function<void()>& arm) const {
-    SCOPED_TRACE(what);
-    const auto stage = Prepared(rows);
-    const bool isKilled = Killed(*stage, arm);
     CheckStage(*stage, GetParam(), reference, Harm::Killed);
     CheckGoesOn(*stage, *stage->Start(), GetParam(), reference);
-    return isKilled;
+    return WIFSIGNALED(status);
   }
 
   std::string target_ = std::filesystem::temp_directory_path();
@@ -101,57 +150,22 @@ class Faults : public testing::TestWithParam<Scenario> {
 };
 
 TEST_P(Faults, NothingIsLostWhereTheNthCallFails) {
-  const auto count = [](Stage& stage) {
-    stage.faulty.FailAnyAt(0, FileError::None);
-    return stage.faulty.CountAll();
-  };
-  int first = 0;
-  const int last = FailOnce(
-      "clean", [&](Stage& stage) { first = count(stage); }, count);
-  for (const FileError error :
-       {FileError::NoSpace, FileError::Io, FileError::NotFound, FileError::NotPermitted}) {
-    for (int n = first + 1; n <= last && !HasFailure(); ++n) {
-      FailOnce(
-          "call " + std::to_string(n - first) + ", error " + std::to_string(int(error)),
-          [&](Stage& stage) { stage.faulty.FailAnyAt(n, error); }, count);
-    }
-  }
-  RecordProperty("calls", last - first);
+  FailEach(FaultsOfFiles(), 1);
 }
 
 TEST_P(Faults, NothingIsLostWhereTheSystemRefusesTheNthCall) {
-  const std::pair<Ending, int> rows[] = {{Ending::OutOfSpaceFromNow, ENOSPC},
-                                         {Ending::Refused, ENOSPC},
-                                         {Ending::Refused, EIO},
-                                         {Ending::Refused, ENOENT},
-                                         {Ending::Refused, EACCES}};
-  const auto count = [](Stage&) { return system_calls::Counted(); };
-  const int last = FailOnce(
-      "clean", [](Stage&) { system_calls::Watch(0); }, count);
-  // Shortened, each call still fails once, with one error after the other.
-  const int step = IsFullLength() ? 1 : static_cast<int>(std::size(rows));
-  int first = 1;
-  for (const auto& [ending, error] : rows) {
-    const Harm harm = ending == Ending::Refused ? Harm::OneCall : Harm::FullDisk;
-    for (int n = first; n <= last && !HasFailure(); n += step) {
-      FailOnce(
-          "call " + std::to_string(n) + ", " + std::strerror(error),
-          [&](Stage&) { system_calls::Watch(n, ending, error); }, count, harm);
-    }
-    if (step > 1) ++first;
-  }
-  RecordProperty("calls", last);
+  FailEach(FaultsOfTheSystem(), IsFullLength() ? 1 : 5);
 }
 
 TEST_P(Faults, NothingIsLostWhenKilledBeforeTheNthCall) {
-  const int step = IsFullLength() ? 1 : 7;
   int n = 1;
-  while (!HasFailure() && KillOnce("before call " + std::to_string(n), fewRows, few_,
-                                   [&] { system_calls::Watch(n, Ending::Killed); })) {
-    n += step;
+  const auto arm = [&] {
+    system_calls::guard = [left = n](auto&) mutable { return --left == 0 ? raise(SIGKILL) : 0; };
+  };
+  while (!HasFailure() && KillOnce("before call " + std::to_string(n), fewRows, few_, arm)) {
+    n += IsFullLength() ? 1 : 7;
   }
   EXPECT_GT(n, 1);
-  RecordProperty("calls", n);
 }
 
 // The timer runs in the program itself: no other process has to be awake at the moment.
@@ -182,8 +196,6 @@ TEST_P(Faults, NothingIsLostWhenKilledAtRandomMoments) {
     killed += isKilled;
   }
   EXPECT_EQ(killed, kills);
-  RecordProperty("killed", killed);
-  RecordProperty("microseconds", static_cast<int>(length / 1000));
 }
 
 INSTANTIATE_TEST_SUITE_P(Of, Faults, testing::ValuesIn(Scenarios()),

@@ -110,7 +110,8 @@ void UpdateTags(Stage&, Form1& form, const Begin& begin) {
   form.ShowTagEditor();
 }
 
-// The files of a folder that nobody hid, songs or others.
+}  // namespace
+
 Texts Visible(const TemporaryFolder& folder, bool songs) {
   Texts texts;
   for (const std::string& name : folder.Names()) {
@@ -118,8 +119,6 @@ Texts Visible(const TemporaryFolder& folder, bool songs) {
   }
   return texts;
 }
-
-}  // namespace
 
 // The first file of ten is larger, so that copying it takes its time.
 Stage::Stage(int rows, const std::string& targetIn) : target(targetIn) {
@@ -147,10 +146,7 @@ Answer Stage::Ask(const MessageBox& box) {
 }
 
 std::unique_ptr<Form1> Stage::Start() {
-  const World w = With(events);
-  auto form =
-      std::make_unique<Form1>(World{faulty, w.clock, w.random, *this, w.events, w.desktop,
-                                    w.thumbnails, w.updateSocket, w.dateNames, w.folders, w.home});
+  auto form = std::make_unique<Form1>(With(events, &faulty, this));
   form->Load();
   return form;
 }
@@ -165,10 +161,6 @@ Texts Stage::OwnFiles() const {
     }
   }
   return texts;
-}
-
-Texts Stage::Songs() const {
-  return Visible(home, true);
 }
 
 std::set<std::string> Stage::Hidden() const {
@@ -186,9 +178,9 @@ const std::vector<Scenario>& Scenarios() {
   const auto run = [](Stage& stage) { Move(stage, *stage.Start(), [] {}); };
   const auto twoRuns = [](Stage& stage) {
     const auto form = stage.Start();
-    for (const std::size_t count : {2U, 100U})
-      RunOver(
-          *form, [] {}, count);
+    RunOver(
+        *form, [] {}, 2);
+    RunOver(*form, [] {});
   };
   const auto profile = [](Stage& stage) { stage.Start()->profiles.SaveProfile(3, "Three"); };
   // clang-format off

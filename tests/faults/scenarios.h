@@ -1,5 +1,5 @@
 // What is done while faults happen, each declared once, whether a call fails, the program is killed
-// or a disk is full; and the world that it is done in.
+// or the disk is full; and the world that it is done in.
 #pragma once
 
 #include <functional>
@@ -15,6 +15,8 @@
 namespace tallowbrook {
 
 using Texts = std::map<std::string, std::string>;  // by name
+// The files of a folder that nobody hid, songs or others.
+Texts Visible(const TemporaryFolder& folder, bool songs);
 
 // Files with contents of their own each, so that one that is lost, doubled, torn or replaced shows.
 // All questions are confirmed, but for the one that would clear the log.
@@ -29,13 +31,14 @@ class Stage : public TestWorld, public Dialogs {
   std::unique_ptr<Form1> Start();
   // The log and the configuration, the stage's own folders in them named alike.
   Texts OwnFiles() const;
-  Texts Songs() const;
+  Texts Songs() const { return Visible(home, true); }
   // The names in all folders.
   std::set<std::string> Hidden() const;
 
   TemporaryFolder target, temporary;
   TemporaryFilesIn temporaryFilesIn{temporary.Path()};
   FaultyFiles faulty{files};
+  int callsBefore = 0;  // of `faulty`, when the fault began
   // By contents: the paths at which a file may stand, the original one first.
   std::map<std::string, std::vector<std::string>> places;
   std::string replaceable;  // the older file in the target

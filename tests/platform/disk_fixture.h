@@ -12,7 +12,7 @@
 #include <functional>
 
 #include "platform/files.h"
-#include "tests/platform/refused_calls.h"
+#include "tests/support/system_calls.h"
 #include "tests/support/temporary_folder.h"
 
 namespace tallowbrook {
@@ -31,12 +31,5 @@ class DiskTest : public testing::Test {
   TemporaryFolder folder_;
   SystemFiles files_;
 };
-
-// Whether files can be moved to and from /dev/shm, and then only by a copy.
-inline bool HasOtherFileSystem(const std::string& folder) {
-  struct stat here, there;
-  return stat(folder.c_str(), &here) == 0 && stat("/dev/shm", &there) == 0 &&
-         here.st_dev != there.st_dev && access("/dev/shm", W_OK) == 0;
-}
 
 }  // namespace tallowbrook

@@ -152,10 +152,5 @@ TEST(MatchesPattern, KnowsWildcardsByCharactersIgnoringCase) {
   EXPECT_FALSE(MatchesPattern(std::string(255, 'a'), stars + "*b"));
 }
 
-TEST(Paths, AreJoinedByOneSlash) {
-  EXPECT_EQ(JoinPath("/x/", "a") + JoinPath("/x", "a") + JoinPath("", "a"), "/x/a/x/aa");
-  EXPECT_EQ(WithSlash("/x") + WithSlash("/x/") + WithSlash(""), "/x//x/");
-}
-
 }  // namespace
 }  // namespace tallowbrook

@@ -1,28 +1,11 @@
 // Moving paths on real folders, within a file system and between two: never over anything, and the
 // file stays whole at one of the two paths whatever fails.
 //
-// A file that can't be deleted is made by answering the call for it; root may delete any real one.
-// What others do meanwhile, they do when the copy stands in place and its folder is flushed.
+// A file that can't be deleted is made by refusing the call; root may delete any real one. What
+// others do meanwhile, they do when the copy stands in place and its folder is flushed.
 #include <optional>
 
 #include "tests/platform/disk_fixture.h"
-
-namespace {
-
-std::string undeletable;
-std::function<void()> atFlushOfFolder;
-
-}  // namespace
-
-extern "C" int unlink(const char* path) noexcept {
-  errno = EPERM;
-  return path == undeletable ? -1 : unlinkat(AT_FDCWD, path, 0);
-}
-
-extern "C" int fsync(int file) {
-  if (atFlushOfFolder && (fcntl(file, F_GETFL) & O_DIRECTORY) != 0) atFlushOfFolder();
-  return static_cast<int>(syscall(SYS_fsync, file));
-}
 
 namespace tallowbrook {
 namespace {
@@ -67,11 +50,21 @@ TEST_F(MovePath, TakesAnyNameToAnyFolderAndReplacesNothing) {
 class MoveBetweenFileSystems : public MovePath {
  protected:
   void SetUp() override {
-    if (!HasOtherFileSystem(folder_.Path())) GTEST_SKIP() << "no second file system here";
-    other_.emplace("/dev/shm");
+    const std::string other = OtherFileSystem(folder_.Path());
+    if (other.empty()) GTEST_SKIP() << "no second file system here";
+    other_.emplace(other);
   }
-  ~MoveBetweenFileSystems() override { undeletable.clear(), atFlushOfFolder = nullptr; }
+  ~MoveBetweenFileSystems() override { system_calls::guard = nullptr; }
+  // When the copy's folder is flushed `others` act; what they make undeletable stays.
+  void Let(const std::function<void()>& others) {
+    system_calls::guard = [=, this](const system_calls::Call& call) {
+      const bool isFlush = call.name == "fsync" && (fcntl(call.file, F_GETFL) & O_DIRECTORY) != 0;
+      if (isFlush) others();
+      return call.name == "unlink" && call.path == undeletable_ ? EPERM : 0;
+    };
+  }
 
+  std::string undeletable_;
   std::optional<TemporaryFolder> other_;
 };
 
@@ -79,14 +72,16 @@ TEST_F(MoveBetweenFileSystems, RefusesWithoutATrace) {
   other_->Write("taken", "T");
   other_->MakeLink("dangling", "nowhere");
   mkfifo(folder_.Path("pipe").c_str(), 0600);
-  undeletable = folder_.Path("hard");
+  undeletable_ = folder_.Path("hard");
+  Let([] {});
   const NameList here = folder_.Names(), there = other_->Names();
+  using enum FileError;
+  // clang-format off
   const std::tuple<std::string, std::string, FileError> rows[] = {
-      {"a", "taken", FileError::AlreadyExists},      {"a", "dangling", FileError::AlreadyExists},
-      {"a", "missing/a", FileError::NotFound},       {"missing", "new", FileError::NotFound},
-      {"folder", "new", FileError::OtherFileSystem}, {"link", "new", FileError::OtherFileSystem},
-      {"pipe", "new", FileError::OtherFileSystem},   {"hard", "new", FileError::NotPermitted},
-  };
+      {"a", "taken", AlreadyExists}, {"a", "dangling", AlreadyExists}, {"a", "missing/a", NotFound},
+      {"missing", "new", NotFound}, {"folder", "new", FileError::OtherFileSystem}, {"link", "new", FileError::OtherFileSystem},
+      {"pipe", "new", FileError::OtherFileSystem}, {"hard", "new", NotPermitted}};
+  // clang-format on
   for (const auto& [from, to, error] : rows) {
     EXPECT_EQ(Move(folder_.Path(from), other_->Path(to)), error) << from << " to " << to;
     EXPECT_EQ(folder_.Names(), here) << from << " to " << to;
@@ -101,19 +96,19 @@ TEST_F(MoveBetweenFileSystems, TakesTheCopyBackOnlyWhereItKnowsThatBothAreWhole)
   const std::string source = folder_.Path("folder/b"), copy = other_->Path("b");
   for (const std::string row :
        {"N: - B", "S: new -", "SC new new", "U: B -", "UC B new", "D: - B", "L: - B"}) {
-    atFlushOfFolder = [&] {
+    Let([&] {
       if (row[0] == 'S') folder_.Write("folder/b", "new");
-      if (row[0] == 'U') undeletable = source;
+      if (row[0] == 'U') undeletable_ = source;
       if (row[0] == 'D') std::filesystem::remove(source);
       if (row[0] == 'L') std::filesystem::rename(folder_.Path("folder"), folder_.Path("away"));
       if (row[0] == 'L') folder_.Write("folder");
       if (row[1] == 'C') other_->Write("b", "new");
-    };
+    });
     folder_.Write("folder/b", "B");
     EXPECT_EQ(Move(source, copy) == FileError::None, row[0] == 'D' || row[0] == 'N') << row;
     const auto here = SystemFiles().ReadWhole(source), there = SystemFiles().ReadWhole(copy);
     EXPECT_EQ(row.substr(0, 3) + here.value_or("-") + " " + there.value_or("-"), row);
-    undeletable.clear();
+    undeletable_.clear();
     std::filesystem::remove(copy);
   }
   EXPECT_EQ(folder_.Read("away/b"), "B");

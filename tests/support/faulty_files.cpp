@@ -3,59 +3,49 @@
 
 namespace tallowbrook {
 
-class FaultyFiles::Listed : public FolderListing {
+template <typename Interface>
+class FaultyFiles::Wrapped : public Interface {
  public:
-  Listed(FaultyFiles& faults, std::string path, std::unique_ptr<FolderListing> listing)
-      : faults_(faults), path_(std::move(path)), listing_(std::move(listing)) {}
-  std::size_t Size() const override { return listing_->Size(); }
-  std::string_view Name(std::size_t index) const override { return listing_->Name(index); }
-  EntryKind Kind(std::size_t index) const override { return listing_->Kind(index); }
+  Wrapped(FaultyFiles& faults, std::string path, std::unique_ptr<Interface> real)
+      : faults_(faults), path_(std::move(path)), real_(std::move(real)) {}
+
+ protected:
+  FaultyFiles& faults_;
+  std::string path_;
+  std::unique_ptr<Interface> real_;
+};
+
+class FaultyFiles::Listed : public Wrapped<FolderListing> {
+ public:
+  using Wrapped::Wrapped;
+  std::size_t Size() const override { return real_->Size(); }
+  std::string_view Name(std::size_t index) const override { return real_->Name(index); }
+  EntryKind Kind(std::size_t index) const override { return real_->Kind(index); }
   std::optional<FileFacts> Facts(std::size_t index) const override {
-    if (faults_.Fails(FileCall::EntryFacts, path_)) return std::nullopt;
-    return listing_->Facts(index);
+    return faults_.Fails(FileCall::EntryFacts, path_) ? std::nullopt : real_->Facts(index);
   }
-
- private:
-  FaultyFiles& faults_;
-  std::string path_;
-  std::unique_ptr<FolderListing> listing_;
 };
 
-class FaultyFiles::OpenedForAppend : public AppendFile {
+class FaultyFiles::OpenedForAppend : public Wrapped<AppendFile> {
  public:
-  OpenedForAppend(FaultyFiles& faults, std::string path, std::unique_ptr<AppendFile> file)
-      : faults_(faults), path_(std::move(path)), file_(std::move(file)) {}
+  using Wrapped::Wrapped;
   FileError Write(std::string_view bytes) override {
-    const FileError error = faults_.Enter(FileCall::Write, path_);
-    return error != FileError::None ? error : file_->Write(bytes);
+    return faults_.Try(FileCall::Write, path_, [&] { return real_->Write(bytes); });
   }
-  bool IsAlone() override { return file_->IsAlone(); }
-
- private:
-  FaultyFiles& faults_;
-  std::string path_;
-  std::unique_ptr<AppendFile> file_;
+  bool IsAlone() override { return real_->IsAlone(); }
 };
 
-class FaultyFiles::Opened : public RandomAccessFile {
+class FaultyFiles::Opened : public Wrapped<RandomAccessFile> {
  public:
-  Opened(FaultyFiles& faults, std::string path, std::unique_ptr<RandomAccessFile> file)
-      : faults_(faults), path_(std::move(path)), file_(std::move(file)) {}
-  std::int64_t Size() const override { return file_->Size(); }
+  using Wrapped::Wrapped;
+  std::int64_t Size() const override { return real_->Size(); }
   FileError Read(std::int64_t at, std::span<char> bytes, std::size_t& got) override {
     got = 0;
-    const FileError error = faults_.Enter(FileCall::Read, path_);
-    return error != FileError::None ? error : file_->Read(at, bytes, got);
+    return faults_.Try(FileCall::Read, path_, [&] { return real_->Read(at, bytes, got); });
   }
   FileError Write(std::int64_t at, std::string_view bytes) override {
-    const FileError error = faults_.Enter(FileCall::WriteAt, path_);
-    return error != FileError::None ? error : file_->Write(at, bytes);
+    return faults_.Try(FileCall::WriteAt, path_, [&] { return real_->Write(at, bytes); });
   }
-
- private:
-  FaultyFiles& faults_;
-  std::string path_;
-  std::unique_ptr<RandomAccessFile> file_;
 };
 
 FileError FaultyFiles::Enter(FileCall call, const std::string& path, const std::string& otherPath) {
@@ -65,7 +55,7 @@ FileError FaultyFiles::Enter(FileCall call, const std::string& path, const std::
     const bool isPath = rule.path.empty() || rule.path == path || rule.path == otherPath;
     if (rule.call == call && rule.first <= n && n <= rule.last && isPath) return rule.error;
   }
-  return FileError::None;
+  return guard ? guard(call, path, otherPath) : FileError::None;
 }
 
 bool FaultyFiles::Fails(FileCall call, const std::string& path, FileError* error) {
@@ -90,7 +80,10 @@ std::unique_ptr<AppendFile> FaultyFiles::OpenForAppend(const std::string& path,
 
 std::unique_ptr<RandomAccessFile> FaultyFiles::Open(const std::string& path, FileAccess access,
                                                     FileError* error) {
-  if (Fails(FileCall::Open, path, error)) return nullptr;
+  const bool makes = access != FileAccess::Read && !files_.Exists(path);
+  if (Fails(FileCall::Open, path, error) || (makes && Fails(FileCall::Make, path, error))) {
+    return nullptr;
+  }
   auto file = files_.Open(path, access, error);
   return file ? std::make_unique<Opened>(*this, path, std::move(file)) : nullptr;
 }

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <array>
+#include <functional>
 #include <limits>
 #include <string>
 #include <utility>
@@ -12,26 +13,13 @@
 namespace tallowbrook {
 
 // Write counts those of every AppendFile given out; Read and WriteAt those of every file opened;
-// EntryFacts those of every listing.
+// EntryFacts those of every listing; Make those of Open that make a missing file.
+// clang-format off
 enum class FileCall {
-  List,
-  Rename,
-  Move,
-  Copy,
-  Delete,
-  Append,
-  Write,
-  Rewrite,
-  Open,
-  Read,
-  WriteAt,
-  CopyPadded,
-  SetTime,
-  Facts,
-  EntryFacts,
-  Exists,
-  ReadWhole
+  List, Rename, Move, Copy, Delete, Append, Write, Rewrite, Open, Read, WriteAt, CopyPadded, SetTime, Facts,
+  EntryFacts, Exists, Make, ReadWhole
 };
+// clang-format on
 
 // Outlives what it gives out. A failing call never reaches the real files.
 class FaultyFiles : public Files {
@@ -49,6 +37,9 @@ class FaultyFiles : public Files {
     rules_.push_back({call, 1, std::numeric_limits<int>::max(), path, error});
   }
 
+  // Asked before each call that no switch fails: None to pass it on, else its error.
+  std::function<FileError(FileCall, const std::string& path, const std::string& otherPath)> guard;
+
   std::unique_ptr<FolderListing> ListFolder(const std::string& path, FileError* error) override;
   std::optional<FileFacts> Facts(const std::string& path) override {
     return Fails(FileCall::Facts, path) ? std::nullopt : files_.Facts(path);
@@ -58,29 +49,25 @@ class FaultyFiles : public Files {
   }
   FileError Rename(const std::string& folder, const std::string& name,
                    const std::string& newName) override {
-    const FileError fault =
-        Enter(FileCall::Rename, JoinPath(folder, name), JoinPath(folder, newName));
-    return fault != FileError::None ? fault : files_.Rename(folder, name, newName);
+    const auto pass = [&] { return files_.Rename(folder, name, newName); };
+    return Try(FileCall::Rename, JoinPath(folder, name), pass, JoinPath(folder, newName));
   }
   FileError MovePath(const std::string& path, const std::string& newPath) override {
-    const FileError fault = Enter(FileCall::Move, path, newPath);
-    return fault != FileError::None ? fault : files_.MovePath(path, newPath);
+    return Try(
+        FileCall::Move, path, [&] { return files_.MovePath(path, newPath); }, newPath);
   }
   FileError Copy(const std::string& source, const std::string& target) override {
-    const FileError fault = Enter(FileCall::Copy, source, target);
-    return fault != FileError::None ? fault : files_.Copy(source, target);
+    return Try(
+        FileCall::Copy, source, [&] { return files_.Copy(source, target); }, target);
   }
   FileError Delete(const std::string& path) override {
-    const FileError fault = Enter(FileCall::Delete, path);
-    return fault != FileError::None ? fault : files_.Delete(path);
+    return Try(FileCall::Delete, path, [&] { return files_.Delete(path); });
   }
   FileError Rewrite(const std::string& path, const FileEdit& edit) override {
-    const FileError fault = Enter(FileCall::Rewrite, path);
-    return fault != FileError::None ? fault : files_.Rewrite(path, edit);
+    return Try(FileCall::Rewrite, path, [&] { return files_.Rewrite(path, edit); });
   }
   FileError CopyPadded(const std::string& path, std::int64_t padding, PaddedCopy& copy) override {
-    const FileError fault = Enter(FileCall::CopyPadded, path);
-    return fault != FileError::None ? fault : files_.CopyPadded(path, padding, copy);
+    return Try(FileCall::CopyPadded, path, [&] { return files_.CopyPadded(path, padding, copy); });
   }
   std::optional<std::string> ReadWhole(const std::string& path) override {
     return Fails(FileCall::ReadWhole, path) ? std::nullopt : files_.ReadWhole(path);
@@ -96,6 +83,8 @@ class FaultyFiles : public Files {
   }
 
  private:
+  template <typename Interface>
+  class Wrapped;
   class Listed;
   class OpenedForAppend;
   class Opened;
@@ -109,6 +98,12 @@ class FaultyFiles : public Files {
   // Counts one call and gives the error that it has to fail with, None for a call to pass on.
   FileError Enter(FileCall call, const std::string& path, const std::string& otherPath = {});
   bool Fails(FileCall call, const std::string& path, FileError* error = nullptr);
+  template <typename Pass>
+  FileError Try(FileCall call, const std::string& path, Pass pass,
+                const std::string& otherPath = {}) {
+    const FileError fault = Enter(call, path, otherPath);
+    return fault != FileError::None ? fault : pass();
+  }
 
   Files& files_;
   std::array<int, static_cast<std::size_t>(FileCall::ReadWhole) + 1> counts_{};

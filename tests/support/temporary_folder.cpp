@@ -3,6 +3,7 @@
 
 #include <fcntl.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 #include <algorithm>
 #include <cstdlib>
@@ -78,6 +79,14 @@ std::vector<std::string> TemporaryFolder::Names(std::string_view subfolder) cons
   }
   std::sort(names.begin(), names.end());
   return names;
+}
+
+std::string OtherFileSystem(const std::string& folder) {
+  const std::string other = "/dev/shm";
+  struct stat here, there;
+  const bool isOther = stat(folder.c_str(), &here) == 0 && stat(other.c_str(), &there) == 0 &&
+                       here.st_dev != there.st_dev && access(other.c_str(), W_OK) == 0;
+  return isOther ? other : "";
 }
 
 TemporaryFilesIn::TemporaryFilesIn(const std::string& folder) {

@@ -39,6 +39,10 @@ class TemporaryFolder {
   std::string path_;
 };
 
+// A folder on another file system than that of `folder`, to move files to by a copy; empty if there
+// is none that may be written.
+std::string OtherFileSystem(const std::string& folder);
+
 // While it lives, temporary files are made in that folder.
 class TemporaryFilesIn {
  public:

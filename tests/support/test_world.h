@@ -25,12 +25,14 @@ struct TestWorld {
                "FirstRun=False\r\nAutoUpdate=False\r\nDisplayStartupTipsNew=0\r\n");
   }
 
-  World With(PendingEvents& events) {
+  // With other files or dialogs, if given.
+  World With(PendingEvents& events, Files* otherFiles = nullptr, Dialogs* otherDialogs = nullptr) {
     const ProgramFolders folders{data.Path(), data.Path()};
-    return {files,      clock,      random,
-            dialogs,    events,     desktop,
-            thumbnails, socket,     EnglishDateNames(),
-            folders,    home.Path()};
+    Files& used = otherFiles ? *otherFiles : files;
+    Dialogs& asked = otherDialogs ? *otherDialogs : dialogs;
+    return {
+        used,    clock,      random, asked, events, desktop, thumbnails, socket, EnglishDateNames(),
+        folders, home.Path()};
   }
 };
 
