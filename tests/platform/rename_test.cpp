@@ -9,7 +9,6 @@
 namespace {
 
 bool caseIgnored = false;
-int renamesUntilFailure = -1;  // below 0: none fails
 
 // The entry that a path leads to when case is ignored; the path itself if there is none.
 std::string AnyCase(const char* path) {
@@ -30,8 +29,6 @@ extern "C" int lstat(const char* path, struct stat* found) noexcept {
 
 extern "C" int renameat2(int fromFolder, const char* from, int toFolder, const char* to,
                          unsigned flags) noexcept {
-  errno = EIO;
-  if (renamesUntilFailure >= 0 && renamesUntilFailure-- == 0) return -1;
   return static_cast<int>(syscall(SYS_renameat2, fromFolder, AnyCase(from).c_str(), toFolder,
                                   AnyCase(to).c_str(), flags));
 }
@@ -50,7 +47,7 @@ class Rename : public DiskTest {
     folder_.MakeLink("dangling", "nowhere");
     before_ = folder_.Names();
   }
-  ~Rename() override { caseIgnored = false, renamesUntilFailure = -1; }
+  ~Rename() override { caseIgnored = false, system_calls::guard = nullptr; }
   FileError Run(const std::string& name, const std::string& newName) {
     return files_.Rename(folder_.Path(), name, newName);
   }
@@ -113,7 +110,9 @@ TEST_F(Rename, KeepsItsWordWhereTheSystemCannotRefuseToReplace) {
 TEST_F(Rename, ChangesTheCaseOfANameWhereCaseIsIgnoredAndStillCollidesWithOthers) {
   folder_.Write("ma\xC3\xA4r");
   caseIgnored = true;
-  renamesUntilFailure = 2;
+  system_calls::guard = [renames = 0](auto& call) mutable {
+    return call.name == "renameat2" && ++renames == 3 ? EIO : 0;
+  };
   EXPECT_EQ(Run("b", "B"), FileError::Io);
   EXPECT_TRUE(folder_.Exists("b")) << "the old name is put back when the second step fails";
   EXPECT_EQ(Run("b", "MA\xC3\xA4r"), FileError::AlreadyExists);
