@@ -1,40 +1,26 @@
-#include "tests/monkey/cage.h"
-
+// The fence around the disk that the monkey plays on.
 #include <algorithm>
-#include <charconv>
 #include <filesystem>
-#include <fstream>
-#include <iterator>
+
+#include "tests/monkey/game.h"
 
 namespace tallowbrook {
 
+namespace {
+
 namespace fs = std::filesystem;
 
-namespace {
-constexpr std::string_view markStart = "<mark ";
-}
+// clang-format off
+// As FileCall has them.
+constexpr const char* deeds[] = {
+    "list", "rename", "move", "copy", "delete", "append", "write", "rewrite", "open", "read", "write at",
+    "copy with room", "set a time", "facts", "facts listed", "exists", "make", "read whole"};
+// clang-format on
 
-std::string MarkText(int number) {
-  return std::string(markStart) + std::to_string(number) + ">";
-}
-
-std::set<int> MarksIn(const std::string& path) {
-  std::error_code ignored;
-  if (!fs::is_regular_file(path, ignored)) return {};
-  std::ifstream file(path, std::ios::binary);
-  const std::string bytes{std::istreambuf_iterator<char>(file), {}};
-  std::set<int> marks;
-  for (std::size_t at = 0; (at = bytes.find(markStart, at)) != std::string::npos;) {
-    at += markStart.size();
-    int number = 0;
-    const auto end = std::from_chars(bytes.data() + at, bytes.data() + bytes.size(), number).ptr;
-    if (end != bytes.data() + bytes.size() && *end == '>') marks.insert(number);
-  }
-  return marks;
-}
+enum class Links { Follow, Stay };
 
 // Not the folder itself.
-bool Cage::IsBelow(const std::string& path, const std::string& folder, Links links) {
+bool IsBelow(const std::string& path, const std::string& folder, Links links) {
   if (!path.starts_with('/')) return false;
   std::error_code ignored;
   const fs::path whole(WithoutSlash(path));
@@ -44,107 +30,82 @@ bool Cage::IsBelow(const std::string& path, const std::string& folder, Links lin
   return real.lexically_normal().string().starts_with(folder);
 }
 
-bool Cage::MayChange(const std::string& path, Links links) const {
-  const auto isAround = [&](const std::string& folder) { return IsBelow(path, folder, links); };
-  return isAround(copies_) || std::ranges::any_of(others_, isAround);
-}
+class Cage {
+ public:
+  explicit Cage(Game& game) : game_(game) {}
 
-// Of a link among the copies that leads out a user may ask what he likes.
-bool Cage::Allows(const char* deed, const std::string& path, Links links) {
-  if (MayChange(path, links)) return true;
-  if (MayChange(path, Links::Stay)) {
-    ++deeds[std::string(deed) + " through a link (refused)"];
-    return false;
+  FileError operator()(FileCall call, const std::string& path, const std::string& otherPath) {
+    const bool may = Allows(call, path, otherPath);
+    ++game_.deeds[deeds[static_cast<std::size_t>(call)] + std::string(may ? "" : " (refused)")];
+    if (may && call == FileCall::Delete) NoteDeletion(path);
+    return may ? FileError::None : FileError::NotPermitted;
   }
-  faults.push_back(std::string(deed) + " outside: " + path);
-  return false;
-}
 
-FileError Cage::Done(const char* deed, FileError error) {
-  ++deeds[std::string(deed) + (error == FileError::None ? "" : " (failed)")];
-  return error;
-}
-
-std::unique_ptr<FolderListing> Cage::ListFolder(const std::string& path, FileError* error) {
-  const bool isInside = IsBelow(JoinPath(path, "any name"), copies_, Links::Follow);
-  ++deeds[isInside ? "list" : "list (refused)"];
-  if (isInside) return disk_.ListFolder(path, error);
-  if (error != nullptr) *error = FileError::NotPermitted;
-  return nullptr;
-}
-
-FileError Cage::Rename(const std::string& folder, const std::string& name,
-                       const std::string& newName) {
-  if (!Allows("rename", JoinPath(folder, name), Links::Stay)) return FileError::NotPermitted;
-  return Done("rename", disk_.Rename(folder, name, newName));
-}
-
-FileError Cage::MovePath(const std::string& path, const std::string& newPath) {
-  for (const std::string& either : {path, newPath}) {
-    if (!Allows("move", either, Links::Stay)) return FileError::NotPermitted;
+ private:
+  bool Allows(FileCall call, const std::string& path, const std::string& otherPath) {
+    switch (call) {
+      case FileCall::Facts:
+      case FileCall::EntryFacts:
+      case FileCall::Exists:
+      case FileCall::Open:
+      case FileCall::Read:
+      case FileCall::ReadWhole:
+        return true;
+      case FileCall::List:
+        return IsBelow(JoinPath(path, "any name"), copies_, Links::Follow);
+      case FileCall::Copy:
+        return AllowsCopy(otherPath);
+      case FileCall::Rename:
+      case FileCall::Move:
+        return MayChange(path, Links::Stay) && MayChange(otherPath, Links::Stay);
+      case FileCall::Delete:
+        return MayChange(path, Links::Stay);
+      case FileCall::CopyPadded:
+        lastGrown_ = path;
+        [[fallthrough]];
+      default:
+        return MayChange(path, Links::Follow);
+    }
   }
-  return Done("move", disk_.MovePath(path, newPath));
-}
-
-// The user names the target, which may lie anywhere, and knows that it replaces a file there.
-FileError Cage::Copy(const std::string& source, const std::string& target) {
-  if (!IsBelow(target, copies_, Links::Stay)) {
-    ++deeds["copy (refused)"];
-    return FileError::NotPermitted;
-  }
-  const std::set<int> replaced = MarksIn(target);
-  const FileError error = disk_.Copy(source, target);
-  if (error == FileError::None) {
-    given.insert(replaced.begin(), replaced.end());
+  // The user names the target, which may lie anywhere, and knows that it replaces a file there.
+  bool AllowsCopy(const std::string& target) {
+    if (!IsBelow(target, copies_, Links::Stay)) return false;
+    game_.given.merge(MarksIn(target));
     lastCopy_ = target;
+    return true;
   }
-  return Done("copy", error);
-}
+  // Elsewhere a change is a fault; but of a link among the copies that leads out a user may ask
+  // what he likes.
+  bool MayChange(const std::string& path, Links links) {
+    const Playground& place = game_.playground;
+    const auto isInside = [&](Links how) {
+      return std::ranges::any_of(
+          std::vector{copies_, place.Data(), place.Temporary()},
+          [&](const std::string& folder) { return IsBelow(path, folder, how); });
+    };
+    const bool may = isInside(links);
+    if (!may && !isInside(Links::Stay)) game_.faults.push_back("change outside: " + path);
+    return may;
+  }
+  // Of the user's will, or of a file that was just copied: a move between folders, or a tag that
+  // grows.
+  void NoteDeletion(const std::string& path) {
+    std::set<int> marks = MarksIn(path);
+    const bool isMoved = path == lastGrown_ || (path != lastCopy_ && MarksIn(lastCopy_) == marks);
+    if (!isMoved && !game_.saidYes) game_.faults.push_back("deleted unasked: " + path);
+    if (!isMoved) game_.given.merge(marks);
+    lastGrown_.clear();
+  }
 
-// Of the user's will, or of a file that was just copied: a move between folders, or a tag that
-// grows.
-FileError Cage::Delete(const std::string& path) {
-  if (!Allows("delete", path, Links::Stay)) return FileError::NotPermitted;
-  const std::set<int> marks = MarksIn(path);
-  const bool isMoved = path != lastCopy_ && MarksIn(lastCopy_) == marks;
-  if (!isMoved && !saidYes()) faults.push_back("deleted unasked: " + path);
-  if (!isMoved) given.insert(marks.begin(), marks.end());
-  return Done(isMoved ? "delete behind a copy" : "delete", disk_.Delete(path));
-}
+  Game& game_;
+  const std::string copies_ = game_.playground.Copies();
+  std::string lastCopy_, lastGrown_;
+};
 
-std::unique_ptr<AppendFile> Cage::OpenForAppend(const std::string& path, std::string_view wholeEnds,
-                                                FileError* error) {
-  if (!Allows("append", path, Links::Follow)) return nullptr;
-  Done("open the log", FileError::None);
-  return disk_.OpenForAppend(path, wholeEnds, error);
-}
+}  // namespace
 
-FileError Cage::Rewrite(const std::string& path, const FileEdit& edit) {
-  if (!Allows("rewrite", path, Links::Follow)) return FileError::NotPermitted;
-  return Done("rewrite", disk_.Rewrite(path, edit));
-}
-
-std::unique_ptr<RandomAccessFile> Cage::Open(const std::string& path, FileAccess access,
-                                             FileError* error) {
-  const bool isChange = access == FileAccess::WriteOrCreate ||
-                        (access == FileAccess::ReadOrCreate && !disk_.Exists(path));
-  if (isChange && !Allows("open", path, Links::Follow)) return nullptr;
-  if (isChange) Done("open to write", FileError::None);
-  return disk_.Open(path, access, error);
-}
-
-FileError Cage::CopyPadded(const std::string& path, std::int64_t padding, PaddedCopy& copy) {
-  if (!Allows("copy", path, Links::Follow)) return FileError::NotPermitted;
-  const FileError error = disk_.CopyPadded(path, padding, copy);
-  if (error == FileError::None) lastCopy_ = copy.path;
-  return Done("copy with room", error);
-}
-
-std::optional<FileTimes> Cage::SetTime(const std::string& path, std::optional<FileTime> which,
-                                       std::int64_t posixSeconds) {
-  if (!Allows("set the time", path, Links::Follow)) return std::nullopt;
-  Done("set a time", FileError::None);
-  return disk_.SetTime(path, which, posixSeconds);
+void Fence(FaultyFiles& files, Game& game) {
+  files.guard = Cage(game);
 }
 
 }  // namespace tallowbrook
