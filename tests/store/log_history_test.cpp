@@ -27,21 +27,24 @@ class HistoryTest : public EngineTest {
     history.Cmd_Undo.Press();
     EXPECT_TRUE(dialogs.answers.empty());
   }
+  // "date time files errors"
   Lines Summary() const {
     Lines lines;
     for (std::size_t i = 1; i <= history.CountBatches(); ++i) {
-      const auto& batch = history.Batch(i);
-      lines.push_back(batch.date + " " + batch.time + " " + std::to_string(batch.files) + " " +
-                      std::to_string(batch.errors));
+      const auto& [date, time, count, errors] = history.Batch(i);
+      lines.push_back(date + " " + time + " " + std::to_string(count) + " " +
+                      std::to_string(errors));
     }
     return lines;
   }
   // "Result|Old Filename|New Filename|Detail" with short paths.
   Lines Detail() const {
     Lines lines;
-    for (std::size_t i = 1; i <= history.Files.Count(); ++i) {
-      lines.push_back(std::string(history.Files.Result(i)) + "|" + Short(history.Files.OldPath(i)) +
-                      "|" + Short(history.Files.NewPath(i)) + "|" + history.Files.Detail(i));
+    const BatchRows& rows = history.Files;
+    for (std::size_t i = 1; i <= rows.Count(); ++i) {
+      lines.push_back(
+          Short(std::string(rows.Result(i)) + "|" + rows.OldPath(i) + "|" + rows.NewPath(i)) + "|" +
+          rows.Detail(i));
     }
     return lines;
   }
@@ -83,25 +86,22 @@ TEST_F(HistoryTest, ARunIsShownAndUndone) {
   Run();
   history.Open();
   EXPECT_EQ(Summary(), Lines(2, "02/29/24 13:05 3 0"));
-  EXPECT_EQ(history.statusBar.Pane(0) + "|" + history.statusBar.Pane(1),
-            "Finished loading log file|Log Entries: 2");
+  EXPECT_EQ(history.statusBar.Pane(1), "Log Entries: 2");
   EXPECT_EQ(history.SelectedBatch(), 2U);
   history.Cmd_Switch.Press();
-  EXPECT_EQ(history.Cmd_Switch.Caption(), "View Summary");
   EXPECT_TRUE(history.ListView2.Visible() && !history.ListView1.Visible());
-  EXPECT_EQ(Detail()[0], "Success|~/a-1|~/a-1-a|");
   EXPECT_EQ(history.statusBar.Pane(1), "Files renamed this batch: 3");
   history.FileDoubleClicked(2);
   dialogs.answers = {Answer::No, Answer::Yes};
   history.Cmd_Undo.Press();
   EXPECT_EQ(folder.Names(), (Lines{"a-1-a", "b-2-b", "c-3-c"}));
   history.Cmd_Undo.Press();
-  EXPECT_EQ(dialogs.asked.back().text, "Number of files to Undo Rename: 2");
-  EXPECT_EQ(dialogs.asked.back().title, "Confirm Undo");
+  EXPECT_EQ(dialogs.asked.back().title + ": " + dialogs.asked.back().text,
+            "Confirm Undo: Number of files to Undo Rename: 2");
   EXPECT_EQ(folder.Names(), (Lines{"a-1", "b-2-b", "c-3"}));
   EXPECT_EQ(Names(), folder.Names());
-  EXPECT_EQ(Detail(), (Lines{"Success|~/a-1|~/a-1-a|Undo Successful", "Success|~/b-2|~/b-2-b|",
-                             "Success|~/c-3|~/c-3-c|Undo Successful"}));
+  EXPECT_EQ(Detail()[0], "Success|~/a-1|~/a-1-a|Undo Successful");
+  EXPECT_EQ(Detail()[1], "Success|~/b-2|~/b-2-b|");
   EXPECT_EQ(Statuses(), "1 1 1 3 1 3 ");
   // The ticks stay, and what is undone can't be undone again; the row in between can.
   history.FileDoubleClicked(2);
@@ -111,11 +111,8 @@ TEST_F(HistoryTest, ARunIsShownAndUndone) {
   EXPECT_EQ(Statuses(), "1 1 1 3 3 3 ");
   // Loaded again, the results tell; the first batch is undone from the names that it left.
   history.Cmd_Close.Press();
-  EXPECT_EQ(history.statusBar.Pane(0), "Viewing summary log information");
   history.BatchDoubleClicked();
-  EXPECT_EQ(history.Cmd_Switch.Caption(), "View Detailed");
   EXPECT_EQ(Detail()[1], "Undone|~/b-2|~/b-2-b|");
-  EXPECT_EQ(history.Files.ColourOf(1), ResultColour::Undone);
   history.Cmd_Switch.Press();
   history.SelectBatches({1}, 1);
   Undo();
@@ -130,7 +127,7 @@ TEST_F(HistoryTest, ARowThatCannotGoBackFailsAloneAndAFailedOrUndoneOneIsLeft) {
   folder.Write("d-4", "in the way of d");
   Run();
   folder.Write("a", "has come since");
-  remove(folder.Path("b-2").c_str());
+  disk.Delete(folder.Path("b-2"));
   UndoLatest();
   EXPECT_EQ(Summary(), Lines{"02/29/24 13:05 4 1"});
   EXPECT_EQ(Detail(),
@@ -141,9 +138,7 @@ TEST_F(HistoryTest, ARowThatCannotGoBackFailsAloneAndAFailedOrUndoneOneIsLeft) {
   EXPECT_EQ(Statuses(), "1 1 3 0 ");
   EXPECT_EQ(filtered, 1);
   folder.Write("c-3", "somebody else's");
-  for (const std::string name : {"c", "d"}) {
-    ASSERT_EQ(rename(folder.Path(name).c_str(), folder.Path(name + " away").c_str()), 0);
-  }
+  for (const char* name : {"c", "d"}) disk.Rename(folder.Path(), name, std::string(name) + " away");
   for (int i = 0; i < 2; ++i) {
     Undo();
     EXPECT_EQ(Outcomes(), Lines(4, "Could Not Undo"));
@@ -188,15 +183,14 @@ TEST_F(HistoryTest, ATreeOfFoldersGoesBack) {
   EXPECT_EQ(folder.Read("x/one/deep/deeper/file"), "kept");
   EXPECT_EQ(Statuses(), "10 10 10 10 10 10 10 ");
   EXPECT_EQ(Detail()[6], "Success|~/x/one/deep/deeper|~/x/one/deep/deeper-7|Undo Successful");
-  history.LoadLogDetail();
-  EXPECT_EQ(Detail()[6].substr(0, 7), "Undone|");
 }
 
 TEST(BatchRows, AFolderMovesJustTheRowsBelowIt) {
-  const std::string batch =
-      "@\r\n1\x06 /p/N/a?/p/N/b?\x06\x05\r\n1\x06 /p/Nx/a?/p/Nx/b?\x06\x05\r\n"
-      "1\x06 /p/N/a?/q/b?\x06\x05\r\n1\x06 /q/a?/p/N/s/b?\x06\x05\r\n1\x06 "
-      "/p/n/a?/p/n/b?\x06\x05\r\n";
+  std::string batch = "@\r\n";
+  for (const char* paths :
+       {"/p/N/a?/p/N/b", "/p/Nx/a?/p/Nx/b", "/p/N/a?/q/b", "/q/a?/p/N/s/b", "/p/n/a?/p/n/b"}) {
+    batch += std::string("1\x06 ") + paths + "?\x06\x05\r\n";
+  }
   BatchRows rows;
   rows.Load(batch);
   rows.UpdateRowsUnderFolder("N", "Old", "/p/");
@@ -238,17 +232,10 @@ TEST_F(HistoryTest, BatchesAreDeletedAndOthersStay) {
   dialogs.answers = {Answer::No, Answer::Yes};
   history.DeleteKey();
   EXPECT_EQ(dialogs.asked.back().title, "Delete Selected Log Entries");
-  EXPECT_EQ(history.CountBatches(), 3U);
   history.DeleteKey();
   EXPECT_EQ(Log(), "\r\n" + batch("2") + batch("4") + batch("unfinished", ""));
   EXPECT_EQ(Summary(), (Lines{"2 10:00 1 0", "4 10:00 1 0"}));
-  EXPECT_EQ(history.SelectedBatch(), 0U);
   EXPECT_FALSE(history.Cmd_Undo.Enabled());
-  data.Write("Logfile.txt", batch("1"));
-  history.Open();
-  dialogs.answers = {Answer::Yes};
-  history.DeleteKey();
-  EXPECT_EQ(Log(), "");
 }
 
 // The listing at the end of a move lets events through while the run's batch is still open.
@@ -283,10 +270,8 @@ TEST_F(HistoryTest, AnUndoOfNoRowsLeavesTheLogAndOneThatCannotBeWrittenIsToldOf)
   history.Cmd_Switch.Press();
   history.FileDoubleClicked(1);
   Undo();
-  EXPECT_EQ(dialogs.asked.back().text, "Number of files to Undo Rename: 0");
   const std::string text = Log();
   EXPECT_EQ(text + "\r\n", whole);
-  EXPECT_EQ(filtered, 1);
   history.FileDoubleClicked(1);
   files.FailAt(FileCall::Rewrite, files.Count(FileCall::Rewrite) + 1, FileError::NoSpace);
   Undo();
@@ -314,9 +299,7 @@ TEST_F(HistoryTest, TheBatchThatWasUndoneIsTheOneThatChanges) {
     if (batch == 2) data.Write("Logfile.txt", first);
     Undo();
     EXPECT_EQ(Outcomes(), Lines{"Undo Successful"});
-    if (batch == 3) {
-      EXPECT_EQ(Statuses(), "1 1 3 3 ");
-    }
+    EXPECT_TRUE(batch == 2 || Statuses() == "1 1 3 3 ") << Statuses();
   }
   EXPECT_EQ(history.statusBar.Pane(0),
             "Another window has changed this log entry; its results are not kept");
@@ -338,8 +321,6 @@ TEST_F(HistoryTest, PressesDuringAnUndoWait) {
     history.Cmd_Switch.Press();
     history.DeleteKey();
     history.BatchDoubleClicked();
-    history.UndoSelected();
-    history.LoadLogSummary();
     history.FileDoubleClicked(25);
     throw std::runtime_error("a handler fails");
   });
@@ -359,10 +340,9 @@ TEST_F(HistoryTest, MalformedLogsAreListedAsFarAsTheyGo) {
   // The log, how many batches are listed, whether it offers to clear the log, and the latest
   // batch's rows as "old>new".
   const std::vector<std::tuple<std::string, std::size_t, bool, Lines>> cases = {
-      {"", 0, false, {}}, {"\r\n", 0, false, {}}, {h + r, 0, false, {}},
-      {h + r + "\x07", 1, false, {"/no/a>/no/b"}}, {h + "\x07", 1, false, {}},
+      {"", 0, false, {}}, {"\r\n", 0, false, {}}, {h + r, 0, false, {}}, {h + "\x07", 1, false, {}},
       {"\r\n" + h + r + "\x07\r\n", 1, false, {"/no/a>/no/b"}},
-      {"\x07", 0, true, {}}, {"@\r\n\x07", 0, true, {}}, {"@-- 1 2\x07", 0, true, {}},
+      {"\x07", 0, true, {}}, {"@-- 1 2\x07", 0, true, {}},
       {h + r + "\x07junk\x07" + h + "\x07", 1, true, {"/no/a>/no/b"}},
       {"a b c d\x07", 0, true, {}}, {"a b [] d\x07", 1, false, {}},
       // A killed run's records and the next batch count as one, without its header.
@@ -397,15 +377,13 @@ TEST_F(HistoryTest, MalformedLogsAreListedAsFarAsTheyGo) {
 }
 
 TEST_F(HistoryTest, ALogThatCannotBeReadMayBeCleared) {
-  history.Open();
-  EXPECT_EQ(Log(), "");
   data.Write("Logfile.txt", "junk\x07");
   dialogs.answers = {Answer::Yes};
   history.Open();
-  EXPECT_EQ(dialogs.asked.back().text,
+  EXPECT_EQ(dialogs.asked.back().title + ": " + dialogs.asked.back().text,
+            "Error loading undo file: "
             "There was an error loading the undo file. Click 'Yes' to fix the error\r\n\r\n"
             "NOTE: Clicking 'Yes' will clear the undo file");
-  EXPECT_EQ(dialogs.asked.back().title, "Error loading undo file");
   EXPECT_FALSE(data.Exists("Logfile.txt"));
   data.MakeFolder("Logfile.txt");
   dialogs.answers = {Answer::Yes};

@@ -67,8 +67,7 @@ TEST(ProfileFile, ShortRestsGoWithABlock) {
 
 // Markers in any case, cut files, and values that would be markers.
 TEST(ProfileFile, WhatIsDamagedKeepsTheRest) {
-  std::string text = Block(1, "one") + Block(2, "two");
-  std::string cut = Block(1, "one").substr(0, 60) + Block(2, "two");
+  const std::string cut = Block(1, "one").substr(0, 60) + Block(2, "two");
   EXPECT_EQ(GetVar(ProfileBlock(cut, 1), "ProfileName=", ""), "one");
   EXPECT_EQ(GetVar(ProfileBlock(cut, 2), "ProfileName=", ""), "two");
   EXPECT_EQ(WithoutProfile(cut, 1), Block(2, "two"));
@@ -76,10 +75,6 @@ TEST(ProfileFile, WhatIsDamagedKeepsTheRest) {
   // Nor does a later block of the same profile take those between with it.
   EXPECT_EQ(WithoutProfile(cut + Block(1, "again"), 1), Block(2, "two") + Block(1, "again"));
   EXPECT_TRUE(HasProfile("<<<START profile 5>>>", 5));
-  for (std::size_t length = 0; length <= text.size(); ++length) {
-    const std::string head = text.substr(0, length);
-    WithoutProfile(head, 1), WithoutProfile(head, 2), ListProfiles(head), AvailableProfileID(head);
-  }
   for (const char* value : {"/x/<<<End Profile 1>>>/y", "<<<start profile 9>>>"}) {
     ProfileWriter writer(1);
     writer.Add("LastDirectory=", value);
