@@ -28,10 +28,8 @@ TEST_F(KeywordMaskTest, KeywordsBecomeFactsOfTheFile) {
                                          "d dd m mm yy yyyy", EnglishDateNames());
   folder.Write("p.JPG", PhotoTakenAt("2011:07:08 09:00:11"));
   folder.Write("none.jpeg");
-  folder.Write(
-      "tenth.jpg",
-      Photo(ByteOrder::Little,
-            {{282, 5, 1, Bytes(ByteOrder::Little, 300, 4) + Bytes(ByteOrder::Little, 10, 4)}}, {}));
+  const std::string tenths = Bytes(ByteOrder::Little, 300, 4) + Bytes(ByteOrder::Little, 10, 4);
+  folder.Write("tenth.jpg", Photo(ByteOrder::Little, {{282, 5, 1, tenths}}, {}));
   struct Row {
     std::string file, mask, expected;
   };
@@ -75,71 +73,18 @@ TEST_F(KeywordMaskTest, FunctionsAreReplacedInTwentySixPasses) {
     expected += n <= 26 ? cut + cut : token + token;
   }
   EXPECT_EQ(Expand(mask, "abcdefghijklmnopqrstuvwxyz0123.x"), expected);
-}
-
-TEST_F(KeywordMaskTest, APhotoIsReadOnceAndOnlyIfAskedFor) {
-  folder.Write("p.jpg", PhotoTakenAt("2011:07:08 09:10:11"));
-  Expand("<filename>-<yyyy>.<ext>", "p.jpg");
-  EXPECT_EQ(files.Count(FileCall::Open), 0);
-  EXPECT_EQ(Expand("<exif_yyyy><exif_mm><exif_dd>_<exif_width><exif_xres>", "p.jpg"),
-            "20110708_400072");
-  EXPECT_EQ(files.Count(FileCall::Open), 1);
-  EXPECT_EQ(files.Count(FileCall::Read), 1);
-  // The sample has no folder.
-  Set("RTxt_Unique_Other", "<folder>-<fullfilename>-<fmyyyy>");
-  EXPECT_EQ(preview.BuildSampleFileName(), "<foldername>-filename.abc-2024");
-}
-
-// Texts that bring each other in by the dozen: a step that would make too much of them is left out.
-TEST_F(KeywordMaskTest, TextsThatMultiplyEachOtherComeToAnEnd) {
-  const auto times = [](int count, const std::string& text) {
-    std::string all;
-    for (int i = 0; i < count; ++i) all += text;
-    return all;
-  };
-  constexpr std::size_t most = 64 << 10;
-  EXPECT_LE(Expand("<filename>.<ext>", times(25, "<left,250>") + ".x").size(), most);
-  const auto text = [](std::uint32_t tag, const std::string& value) {
-    return ExifEntry{tag, 2, static_cast<std::uint32_t>(value.size()), value};
-  };
-  folder.Write(
-      "p.jpg",
-      Photo(ByteOrder::Big, {text(282, times(100, "<exif_yres>")), text(283, times(200, "y"))},
-            {text(40962, times(150, "<exif_height>")), text(40963, times(100, "<exif_xres>"))}));
-  EXPECT_LE(Expand("<exif_width>", "p.jpg").size(), most);
-  EXPECT_EQ(Expand("<exif_yres>", "p.jpg"), times(200, "y"));
-}
-
-// A photo's texts name its own file, and nothing else on the disk.
-TEST_F(KeywordMaskTest, APhotoDoesntSteerTheDisk) {
-  const std::string texts[] = {"../up.x.", "/tmp/up.x", "a\0b.x."s, "<DateMod"};
-  folder.MakeFolder("camera");
-  for (std::size_t i = 0; i < std::size(texts); ++i) {
-    folder.Write("camera/" + std::to_string(i) + ".jpg",
-                 Photo(ByteOrder::Big, {{40962, 2, 8, texts[i]}}, {}));
-  }
-  Scan("camera");
-  const Lines before = folder.Names("camera");
-  Set("RTxt_Unique_Other", "<exif_width>");
-  run.RenameFiles(0, {});
-  EXPECT_EQ(NewNames(), (Lines{"error", "error", "error", "success"}));
-  EXPECT_EQ(folder.Names("camera"), before);
-  EXPECT_EQ(folder.Names(), Lines{"camera"});
+  // A step that would make too much of texts that bring each other in is left out.
+  std::string name;
+  for (int i = 0; i < 25; ++i) name += "<left,250>";
+  EXPECT_LE(Expand("<filename>.<ext>", name + ".x").size(), std::size_t{64} << 10);
 }
 
 TEST(Created, IsInUniversalTimeFrom1900On) {
-  const auto created = [](const char* date) {
-    FileFacts facts;
-    facts.created = ParseDateText(date)->seconds - secondsToPosixEpoch;
-    return GetFileCreated(facts).value_or(Date{});
-  };
-  for (const char* date : {"2/9/2024 3:07:09 PM", "7/1/2031", "12/31/1899"})
-    EXPECT_EQ(GeneralDateText(created(date)), date);
-  EXPECT_EQ(created("12/29/1899"), Date{});
-  EXPECT_FALSE(GetFileCreated(std::nullopt).has_value());
-  EXPECT_EQ(LastFolderName("/a/b c/"), "b c");
-  EXPECT_EQ(LastFolderName("alone"), "alone");
-  EXPECT_EQ(LastFolderName("/"), "");
+  FileFacts facts;
+  facts.created = ParseDateText("12/31/1899")->seconds - secondsToPosixEpoch;
+  EXPECT_EQ(GeneralDateText(*GetFileCreated(facts)), "12/31/1899");
+  facts.created -= 2 * 24 * 3600;
+  EXPECT_EQ(GetFileCreated(facts).value_or(Date{}), Date{});
 }
 
 }  // namespace

@@ -189,8 +189,8 @@ TEST_F(NewNameTest, TheAdvancedPageComposesDateCommands) {
   EXPECT_EQ(Build("a.txt"), "<DateCreated,2/29/2024 1:05:10 PM>");
 }
 
-// The name's box may be off: a custom name is used and entered all the same.
-TEST_F(NewNameTest, ACustomNameIsEnteredOnce) {
+// A custom name is entered once, though the name's box may be off.
+TEST_F(NewNameTest, HistoriesKeepWhatWasUsed) {
   Set("Combo_Original=1|Check_Original=0");
   pages.ClearFilenameHistory();  // the sample has entered what stood there
   for (const char* name : {"Trip", "Trip", ""}) {
@@ -198,9 +198,6 @@ TEST_F(NewNameTest, ACustomNameIsEnteredOnce) {
     EXPECT_EQ(Build("a.txt"), "-0001.txt");
     EXPECT_EQ(settings.Combo_OriginalName.Items(), Lines{"Trip"});
   }
-}
-
-TEST_F(NewNameTest, HistoriesKeepWhatWasUsed) {
   Set("TabIndex", "2");
   const auto use = [this](const std::string& find) {
     Set("Combo_Find", find);
@@ -218,14 +215,9 @@ TEST_F(NewNameTest, HistoriesKeepWhatWasUsed) {
   EXPECT_EQ(use("abc").size(), 21U);
   use("one more");
   EXPECT_EQ(use("abc").size(), 23U);
-  EXPECT_EQ(settings.Combo_Find.Items().front() + settings.Combo_Find.Value(), "abcabc");
-  settings.Combo_OriginalName.AddItem("x");
   screen.Find("PushButton_ClearComboBox")->rule();
   EXPECT_TRUE(settings.Combo_Find.Items().empty() && settings.Combo_Replace.Items().empty());
-  EXPECT_EQ(settings.Combo_Replace.Value(), "with");  // the texts stay
-  EXPECT_EQ(settings.Combo_OriginalName.Items().back(), "x");
-  screen.Find("Cmd_ClearComboBoxName")->rule();
-  EXPECT_TRUE(settings.Combo_OriginalName.Items().empty());
+  EXPECT_EQ(settings.Combo_OriginalName.Items().size(), 1U);
 }
 
 }  // namespace

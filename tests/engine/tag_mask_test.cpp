@@ -116,9 +116,10 @@ TEST_F(TagMaskTest, FieldsThatMultiplyEachOtherComeToAnEnd) {
 
 // A tag names its own file, and nothing else on the disk.
 TEST_F(TagMaskTest, ATagDoesntSteerTheDisk) {
-  const std::string titles[] = {"../up",        "/tmp/up", "..",
-                                "a\nb",         "a?b",     "<DateModified,1/2/2003>",
-                                "<DateCreated", "<x>",     "a\x07"};
+  // clang-format off
+  const std::string titles[] = {
+      "../up", "/tmp/up", "..", "a\nb", "a?b", "<DateModified,1/2/2003>", "<DateCreated", "<x>", "a\x07"};
+  // clang-format on
   folder.MakeFolder("music");
   for (std::size_t i = 0; i < std::size(titles); ++i) {
     Write("music/" + std::to_string(i) + ".mp3", true, false, titles[i]);
