@@ -19,10 +19,7 @@ Decimal Read(const char* text) {
 TEST(Decimal, ReadsAndWrites) {
   // clang-format off
   const char* const rows[][2] = {
-      {"-0.50", "-0.5"},
-      {" +3. ", "3"},
-      {".05", "0.05"},
-      {"-0", "0"},
+      {"-0.50", "-0.5"}, {" +3. ", "3"}, {".05", "0.05"}, {"-0", "0"},
       {"-79228162514264337593543950335", "-79228162514264337593543950335"},
       {"79228162514264337593543950334.5", "79228162514264337593543950334"},
       {"79228162514264337593543950334.5000000000000001", largest},
@@ -54,8 +51,7 @@ TEST(Decimal, ReadsTheNumberAtTheStartOfAText) {
 TEST(Decimal, Computes) {
   // clang-format off
   const char* const rows[][5] = {  // a, b, their sum, difference and product
-      {"0.1", "0.2", "0.3", "-0.1", "0.02"},
-      {largest, "1", "none", "79228162514264337593543950334", largest},
+      {"0.1", "0.2", "0.3", "-0.1", "0.02"}, {largest, "1", "none", "79228162514264337593543950334", largest},
       {largest, "0.4", largest, largest, "31691265005705735037417580134"},
       {largest, largest, "none", "0", "none"},
       {largest, "0.0000000000000000000000000001", largest, largest, "7.9228162514264337593543950335"},

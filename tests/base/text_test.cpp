@@ -1,7 +1,11 @@
-// Characters of good and bad UTF-8, and texts cut and replaced by them.
+// Characters of good and bad UTF-8, texts cut and replaced by them, their cases, and the bytes of
+// tags that they stand for.
 #include "base/text.h"
 
 #include <gtest/gtest.h>
+
+#include "base/code_page.h"
+#include "base/letter_case.h"
 
 namespace tallowbrook {
 namespace {
@@ -68,21 +72,70 @@ TEST(Text, IsCutAtDotsBlanksAndSeparators) {
 }
 
 TEST(Text, ReplacesByCharacters) {
-  constexpr auto all = static_cast<std::size_t>(-1);
-  const std::tuple<const char*, const char*, const char*, std::size_t, bool, const char*> rows[] = {
-      {"banana", "a", "o", 2, false, "bonona"},
-      {"banana", "", "x", all, true, "banana"},
-      {"aaa", "aa", "a", all, true, "aa"},
-      {"BaNaNa", "an", "-", all, true, "B--a"},
-      {"ÉtÉ", "é", "e", 1, true, "etÉ"},
-      {"200 \u212Ab", "KB", "kilo", all, true, "200 kilo"},
-      {"kb", "\u212AB", "x", all, true, "x"},
-      {"ÉxÉ", "X", "yé", all, true, "ÉyéÉ"},
-      {"é", "\xa9", "x", all, true, "é"},
-      {"é\xa9", "\xa9", "x", all, false, "éx"},
-      {"\xff\xe9T\xff", "t", "s", all, true, "\xff\xe9s\xff"}};
-  for (const auto& [text, find, replacement, limit, ignoreCase, result] : rows) {
-    EXPECT_EQ(ReplaceText(text, find, replacement, limit, ignoreCase), result) << text << find;
+  EXPECT_EQ(ReplaceText("BaNaNa", "an", "-", 9, true), "B--a");
+  EXPECT_EQ(ReplaceText("200 \u212Ab kb", "KB", "kilo", 1, true), "200 kilo kb");
+  EXPECT_EQ(ReplaceText("é\xa9", "\xa9", "x", 9, false), "éx");
+  EXPECT_EQ(ReplaceText("banana", "", "x", 9, true), "banana");
+}
+
+TEST(CodePage, EveryByteIsOneCharacterAndComesBack) {
+  std::string bytes;
+  for (int byte = 0; byte < 256; ++byte) bytes += static_cast<char>(byte);
+  const std::string text = FromCodePage(bytes);
+  EXPECT_TRUE(IsValidUtf8(text));
+  EXPECT_EQ(CountCharacters(text), 256u);
+  EXPECT_EQ(ToCodePage(text), bytes);
+  EXPECT_EQ(FromCodePage("\x80\x81\x8E\x9F\xA0\xE9\xFF"), "€\u0081ŽŸ\u00A0éÿ");
+}
+
+TEST(CodePage, WhatThePageDoesNotHoldBecomesOneQuestionMark) {
+  // clang-format off
+  const std::pair<const char*, const char*> rows[] = {
+      {"a漢b", "a?b"}, {"\U0001F600", "?"}, {"\u0080\u0099", "??"}, {"Āā", "??"}, {"e\u0301", "e?"},
+      {"\xff\xe9 \xc3", "?? ?"}, {"\xed\xa0\x80", "???"}};
+  // clang-format on
+  for (const auto& [text, bytes] : rows) EXPECT_EQ(ToCodePage(text), bytes) << text;
+}
+
+TEST(LetterCase, MapsTextsCharacterByCharacter) {
+  // clang-format off
+  const char* const rows[][4] = {  // text, upper, lower, proper
+      {"the-BIG.one_two x", "THE-BIG.ONE_TWO X", "the-big.one_two x", "The-big.one_two X"},
+      {"@[`{ 1st (x", "@[`{ 1ST (X", "@[`{ 1st (x", "@[`{ 1st (x"},
+      {"éCOLE ÉTÉ ÿ÷×ʼn", "ÉCOLE ÉTÉ Ÿ÷×ʼN", "école été ÿ÷×ʼn", "École Été Ÿ÷×ʼn"},
+      {"straße ẞ ŉ", "STRAßE ẞ ŉ", "straße ß ŉ", "Straße ß ŉ"},
+      {"Жук ёж 漢字", "ЖУК ЁЖ 漢字", "жук ёж 漢字", "Жук Ёж 漢字"}, {"ǆ ǅ Ǆ", "Ǆ Ǆ Ǆ", "ǆ ǆ ǆ", "Ǆ Ǆ Ǆ"},
+      {"ΟΔΟΣ ς ᾳ", "ΟΔΟΣ Σ ᾼ", "οδοσ ς ᾳ", "Οδοσ Σ ᾼ"}, {"ı İ", "I İ", "ı i", "I I"},
+      {"a\xff\xe9z \U00010428", "A\xff\xe9Z \U00010400", "a\xff\xe9z \U00010428", "A\xff\xe9z \U00010400"},
+  };
+  // clang-format on
+  for (const auto& [text, upper, lower, proper] : rows) {
+    EXPECT_EQ(ToUpper(text), upper);
+    EXPECT_EQ(ToLower(text), lower);
+    EXPECT_EQ(ToProper(text), proper);
+  }
+}
+
+TEST(LetterCase, WordsEndAtNullTabToReturnAndBlankOnly) {
+  for (int c = 0; c < 0x80; ++c) {
+    const std::string text{'-', static_cast<char>(c), 'b'};
+    EXPECT_EQ(ToProper(text).back(), c == 0 || (c >= 9 && c <= 13) || c == 32 ? 'B' : 'b') << c;
+  }
+  EXPECT_EQ(ToProper("a\u00A0b\u2003c"), "A\u00A0b\u2003c");
+}
+
+TEST(LetterCase, ComparesByFoldedCharacters) {
+  using Order = std::weak_ordering;
+  // clang-format off
+  const std::tuple<const char*, const char*, Order> rows[] = {
+      {"", "a", Order::less}, {"Readme.TXT\xff", "README.txt\xff", Order::equivalent}, {"_", "A", Order::less},
+      {"ÉΟΔΟΣ\u212Aẞ", "éοδοςkß", Order::equivalent}, {"ß", "ss", Order::greater},
+      {"ı", "i", Order::greater}, {"İ", "i", Order::greater}, {"\xc3\xa9", "\xc3", Order::less}};
+  // clang-format on
+  for (const auto& [a, b, order] : rows) {
+    EXPECT_EQ(CompareIgnoringCase(a, b), order) << a << " and " << b;
+    EXPECT_EQ(CompareIgnoringCase(b, a), 0 <=> order) << b << " and " << a;
+    EXPECT_EQ(EqualIgnoringCase(a, b), order == 0) << a << " and " << b;
   }
 }
 
