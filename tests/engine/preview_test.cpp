@@ -85,9 +85,10 @@ TEST_F(PreviewTest, TicksGovernTheirFields) {
   // clang-format off
   const Pairs rows = {
       {"Check_Prefix", "Text_Prefix"}, {"Check_Suffix", "Text_Suffix"}, {"Check_Seperator", "Text_Seperator"},
-      {"Check_Original", "Combo_Original"}, {"Check_Extension", "Combo_Extension"}, {"Check_MoveEnable", "Txt_MoveTo"},
-      {"Check_Unique", "Text_UniqueMask"}, {"Check_Unique", "Text_UniqueIncrement"},
-      {"Check_UseCurrentDateTime", "DTPicker_AdvancedDate"}, {"Check_UseCurrentDateTime", "Combo_AdvancedDate5"}};
+      {"Check_Original", "Combo_Original"}, {"Check_Extension", "Combo_Extension"},
+      {"Check_MoveEnable", "Txt_MoveTo"}, {"Check_Unique", "Text_UniqueMask"},
+      {"Check_Unique", "Text_UniqueIncrement"}, {"Check_UseCurrentDateTime", "DTPicker_AdvancedDate"},
+      {"Check_UseCurrentDateTime", "Combo_AdvancedDate5"}};
   // clang-format on
   for (const auto& [box, field] : rows) {
     for (const char* value : {"1", "0"}) {
