@@ -152,5 +152,16 @@ TEST_F(LogTest, ADeletedLogBeginsAnewWithTheHeader) {
   EXPECT_EQ(folder.Read("Logfile.txt"), header + "1\x06 /d/c?/d/e?\x06\x05\r\n" + batchEndLine);
 }
 
+// What a killed run left of a line must not swallow the next batch's header. A rewritten log ends
+// in the end of a batch, and the header stands directly behind it.
+TEST_F(LogTest, ATornLineIsClosedBeforeTheNextBatch) {
+  for (const std::string before : {"@-- 1 [2] -@\r\n1\x06 /d/a?/d/", "@-- 1 [2] -@\r\n\x07"}) {
+    folder.Write("Logfile.txt", before);
+    RunBatch({});
+    const char* close = before.back() == '\x07' ? "" : "\r\n";
+    EXPECT_EQ(folder.Read("Logfile.txt"), before + close + header + batchEndLine);
+  }
+}
+
 }  // namespace
 }  // namespace tallowbrook
