@@ -33,7 +33,9 @@ QWidget* MakeCopyMovePanel(Form1& form, Binder& binder, QWidget* parent) {
   auto* head = new QHBoxLayout;
   head->addWidget(binder.AddCaption(pages.Lbl_MoveTo, target));
   head->addStretch();
-  head->addWidget(binder.Add(pages.BrowseMoveTo.styled, panel, 'w'));
+  QPushButton* browse = binder.Add(pages.BrowseMoveTo.styled, panel, 'w');
+  head->addWidget(browse);
+  QWidget::setTabOrder(browse, target);  // as they stand, one above the other
   column->addWidget(enable);
   column->addLayout(method);
   column->addLayout(head);

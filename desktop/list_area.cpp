@@ -109,13 +109,17 @@ QWidget* ListArea::MakeList() {
 
 void ListArea::ShowList() {
   QWidget* view = View();
-  setFocusProxy(view);
   if (QWidget* before = views_->currentWidget(); before != view) {
     const bool hadFocus = before->hasFocus();
     views_->setCurrentWidget(view);
     if (hadFocus) view->setFocus();
   }
   list_->setCurrentIndex(form_.ListView1.Visible() ? 0 : 1);
+}
+
+// No proxy for the focus does this: a child that is one goes to the front of the order of keys.
+void ListArea::FocusList() {
+  View()->setFocus();
 }
 
 QWidget* ListArea::View() {

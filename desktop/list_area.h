@@ -19,6 +19,8 @@ class ListArea : public QWidget {
  public:
   ListArea(Form1& form, Binder& binder, QWidget* parent);
   ~ListArea() override;
+  // Puts the keyboard on the list, in the view that it has now.
+  void FocusList();
 
  protected:
   // Keys of the address come by here first.

@@ -63,7 +63,7 @@ MainWindow::MainWindow(Form1& form, Files& files, const std::string& home, MakeP
   WireForm();
   resize(firstSize);
   form_.WindowWidth = firstSize.width() * twipsPerPixel;
-  list_->setFocus();
+  list_->FocusList();
   splitter_->setSizes({static_cast<int>(firstSize.width() * firstTreeShare),
                        static_cast<int>(firstSize.width() * (1 - firstTreeShare))});
 }

@@ -184,7 +184,54 @@ TEST_F(MainWindowTest, ClosingDuringAScanWaitsForItsEnd) {
   EXPECT_FALSE(window.isVisible());
 }
 
-// Widgets that the Tab key reaches on any page, in its order.
+// The names of all that `key` leads to from the tree until it is back there.
+std::vector<std::string> Walk(QWidget& from, Qt::Key key) {
+  std::vector<std::string> names;
+  from.setFocus();
+  do {
+    Press(key, key == Qt::Key_Backtab ? Qt::ShiftModifier : Qt::NoModifier);
+    names.push_back(QApplication::focusWidget()->objectName().toStdString());
+  } while (QApplication::focusWidget() != &from && names.size() < 100);
+  return names;
+}
+
+// From the top to the bottom and from the left to the right, and back the same way: in a window as
+// the program makes it, whatever was on show before.
+TEST_F(MainWindowTest, TabGoesThroughTheWindowAsTheEyeDoes) {
+  Form1 shownForm(With(events));
+  MainWindow shown(shownForm, files, home.Path(), MakePages::BehindFirstPaint);
+  shownForm.Load();
+  Activate(shown);
+  Settle();
+  shownForm.settings.Check_MoveEnable.Set(1);
+  auto& tree = Child(shown, "FolderTreeview1");
+  for (const bool icons : {false, true, false}) {
+    shownForm.ListView1.SetIconView(icons);
+    Settle();
+    const std::vector<std::string> order = Walk(tree, Qt::Key_Tab);
+    std::vector<std::string> back = Walk(tree, Qt::Key_Backtab);
+    std::ranges::reverse(back.begin(), back.end() - 1);
+    EXPECT_EQ(back, order);
+    std::string names;
+    for (const std::string& name : order) names += name + " ";
+    const std::string view = icons ? "ListView1_Icons " : "ListView1 ";
+    EXPECT_TRUE(names.starts_with(
+        "Txt_Address Option1_Files Combo_Filter PushButton_Filter Check_Thumbnails "
+        "PushButton_ScanSub " +
+        view +
+        "PushButton_SelectAll PushButton_SelectNone "
+        "PushButton_SelectInverse Text_StartCheck Text_Step qt_tabwidget_tabbar Check_Prefix "))
+        << names;
+    EXPECT_NE(names.find(" Check_UniqueFirst Check_MoveEnable Option_Copy PushButton_Browse "
+                         "Txt_MoveTo PushButton_Preview PushButton_Apply PushButton_Undo "
+                         "PushButton_Exit SystemButton "),
+              std::string::npos)
+        << names;
+    EXPECT_TRUE(names.ends_with(" Combo1 FolderTreeview1 ")) << names;
+  }
+}
+
+//  Widgets that the Tab key reaches on any page, in its order.
 std::string KeyOrder(QWidget& window) {
   std::string names;  // one a line
   QWidget* first = window.findChild<QWidget*>(QStringLiteral("TabControl1"));
