@@ -158,6 +158,7 @@ void LogHistory::LoadLogDetail() {
   statusBar.Set(1, "Files renamed this batch: " + std::to_string(Files.Count()));
 }
 
+// The button keeps its caption, and leads back from here all the same.
 void LogHistory::BatchDoubleClicked() {
   if (!busy_) LoadLogDetail();
 }
