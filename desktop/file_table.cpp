@@ -11,6 +11,8 @@ namespace tallowbrook {
 
 namespace {
 
+constexpr int leastDirectory = 200;
+
 // Paints a cell's background as a badge no wider than its text.
 class BadgeDelegate : public RowDelegate {
  public:
@@ -32,20 +34,8 @@ class BadgeDelegate : public RowDelegate {
       painter->restore();
     }
     RowDelegate::paint(painter, option, index);
-    if (index.data(FileTableModel::DropHighlightRole).toBool()) PaintFrame(*painter, option, index);
-  }
-
- private:
-  // The cell's part of a frame around its row, which leaves text and check mark as they are.
-  static void PaintFrame(QPainter& painter, const QStyleOptionViewItem& option,
-                         const QModelIndex& index) {
-    constexpr int thick = 2;
-    const QRect& cell = option.rect;
-    const QColor colour = QApplication::palette().color(QPalette::Highlight);
-    painter.fillRect(cell.left(), cell.top(), cell.width(), thick, colour);
-    painter.fillRect(cell.left(), cell.bottom() - thick + 1, cell.width(), thick, colour);
-    if (index.column() == 0) {
-      painter.fillRect(cell.left(), cell.top(), thick, cell.height(), colour);
+    if (index.data(FileTableModel::DropHighlightRole).toBool()) {
+      PaintFrame(*painter, option, index, QApplication::palette().color(QPalette::Highlight), 2);
     }
   }
 };
@@ -69,7 +59,27 @@ void FileTable::SetUpColumns() {
       setColumnHidden(section, true);
     }
   }
+  connect(&header, &QHeaderView::sectionResized, this, [this](int section) {
+    if (!filling_ && section == SectionOf(Column::Directory)) directorySet_ = true;
+    FillWidth();
+  });
   connect(&header, &QHeaderView::sectionClicked, this, [this](int section) { SortBy(section); });
+}
+
+// The folder comes last and ends where the view does: a width of its own, for the longest of paths,
+// would let the list scroll far into emptiness. It keeps as much room as a name's start needs.
+void FileTable::FillWidth() {
+  if (directorySet_ || filling_) return;
+  filling_ = true;
+  const Finally done([this] { filling_ = false; });
+  const int directory = SectionOf(Column::Directory);
+  const int others = horizontalHeader()->length() - columnWidth(directory);
+  setColumnWidth(directory, std::max(viewport()->width() - others, leastDirectory));
+}
+
+void FileTable::resizeEvent(QResizeEvent* event) {
+  FileView::resizeEvent(event);
+  FillWidth();
 }
 
 void FileTable::SortBy(int section) {

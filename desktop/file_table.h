@@ -12,10 +12,15 @@ class FileTable : public FileView<RowTable> {
  protected:
   QModelIndex CellInSight(int row) const override;
   QModelIndex NameCell(int row) const override;
+  void resizeEvent(QResizeEvent* event) override;
 
  private:
   void SetUpColumns();
+  void FillWidth();
   void SortBy(int section);
+
+  bool filling_ = false;
+  bool directorySet_ = false;  // the user has given it a width
 };
 
 }  // namespace tallowbrook

@@ -28,16 +28,16 @@ constexpr QStyle::ControlElement controls[] = {QStyle::CE_ProgressBar, QStyle::C
 constexpr QStyle::ComplexControl complexControls[] = {QStyle::CC_ComboBox, QStyle::CC_SpinBox,
                                                       QStyle::CC_ScrollBar};
 
-// Calls `draw` while the ground is what makes the outline ours. The option keeps its own type,
+// Calls `draw` while the ground is what makes that outline. The option keeps its own type,
 // which a copy of it would lose.
 template <typename Elements, typename Element, typename Draw>
 void DrawOutlined(const Elements& outlined, Element element, const QStyleOption* option,
-                  const Draw& draw) {
+                  const QColor& outline, const Draw& draw) {
   if (std::ranges::find(outlined, element) == std::end(outlined)) return draw();
   QPalette& palette = const_cast<QStyleOption*>(option)->palette;
   const QPalette own = palette;
   const Finally restore([&] { palette = own; });
-  palette.setColor(QPalette::Window, CurrentTheme().fieldBorder.lighter(darker));
+  palette.setColor(QPalette::Window, outline.lighter(darker));
   draw();
 }
 
@@ -47,19 +47,31 @@ OutlineStyle::OutlineStyle() : QProxyStyle(QStyleFactory::create(QStringLiteral(
 
 void OutlineStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* option,
                                  QPainter* painter, const QWidget* widget) const {
-  DrawOutlined(primitives, element, option,
+  // A list's frame tells that it has the keyboard, whether or not it has rows.
+  const bool isFocused = element == PE_Frame && (option->state & State_HasFocus);
+  const Theme& theme = CurrentTheme();
+  DrawOutlined(primitives, element, option, isFocused ? theme.focus : theme.fieldBorder,
                [&] { QProxyStyle::drawPrimitive(element, option, painter, widget); });
 }
 
 void OutlineStyle::drawControl(ControlElement element, const QStyleOption* option,
                                QPainter* painter, const QWidget* widget) const {
-  DrawOutlined(controls, element, option,
+  const auto* header = qstyleoption_cast<const QStyleOptionHeader*>(option);
+  const QRect place = option->rect;
+  const Finally restore([&] { const_cast<QStyleOption*>(option)->rect = place; });
+  if (element == CE_HeaderLabel && header && header->sortIndicator != QStyleOptionHeader::None) {
+    // A caption at the right makes room for the arrow, which stands there.
+    const int room = pixelMetric(PM_HeaderMarkSize, option, widget);
+    const bool isAtRight = header->textAlignment & Qt::AlignRight;
+    const_cast<QStyleOption*>(option)->rect.adjust(0, 0, isAtRight ? -room : 0, 0);
+  }
+  DrawOutlined(controls, element, option, CurrentTheme().fieldBorder,
                [&] { QProxyStyle::drawControl(element, option, painter, widget); });
 }
 
 void OutlineStyle::drawComplexControl(ComplexControl control, const QStyleOptionComplex* option,
                                       QPainter* painter, const QWidget* widget) const {
-  DrawOutlined(complexControls, control, option,
+  DrawOutlined(complexControls, control, option, CurrentTheme().fieldBorder,
                [&] { QProxyStyle::drawComplexControl(control, option, painter, widget); });
 }
 

@@ -5,6 +5,7 @@
 #include <QSplitter>
 #include <cmath>
 
+#include "desktop/file_table_model.h"
 #include "desktop/ribbon_bar.h"
 
 namespace tallowbrook {
@@ -33,7 +34,10 @@ void RestoreColumns(QHeaderView& columns, const QStringList& kept) {
   for (int column = 0; column < columns.count(); ++column) {
     const int width = kept[column].toInt();
     const bool fits = width >= columns.minimumSectionSize() && width <= widestColumn;
-    if (fits && !columns.isSectionHidden(column)) columns.resizeSection(column, width);
+    const bool fillsRest = column == SectionOf(Column::Directory);
+    if (fits && !fillsRest && !columns.isSectionHidden(column)) {
+      columns.resizeSection(column, width);
+    }
   }
 }
 

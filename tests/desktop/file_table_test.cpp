@@ -2,9 +2,10 @@
 #include "desktop/file_table.h"
 
 #include <QAbstractItemModelTester>
-#include <QTest>
-#include <QtWidgets>
 
+#include "desktop/look.h"
+#include "desktop/theme.h"
+#include "tests/desktop/window_fixture.h"
 #include "tests/support/engine_fixture.h"
 
 namespace tallowbrook {
@@ -228,6 +229,34 @@ TEST_F(FileTableTest, HighlightsMoveWithTheirRowsThroughASort) {
     EXPECT_TRUE(table.selectionModel()->isRowSelected(ascending ? 2 : 0));
     EXPECT_EQ(header.sortIndicatorOrder(), ascending ? Qt::AscendingOrder : Qt::DescendingOrder);
   }
+}
+
+// The folder's column ends where the view does, unless the user has set it or there is no room.
+TEST_F(FileTableTest, TheLastColumnFillsTheViewAndTheRowOfTheKeyboardIsFramed) {
+  Add({"a", "b"});
+  Show();
+  const int directory = SectionOf(Column::Directory);
+  const QHeaderView& header = *table.horizontalHeader();
+  for (const int width : {1500, 1300, 700}) {
+    table.resize(width, 400);
+    EXPECT_EQ(header.length() == table.viewport()->width(), width > 700) << width;
+    EXPECT_GE(table.columnWidth(directory), 100);
+  }
+  table.setColumnWidth(directory, 321);
+  table.resize(1500, 400);
+  EXPECT_EQ(table.columnWidth(directory), 321);
+  const auto isFramed = [&](int row) {
+    const QRect cell = table.visualRect(model().index(row, 2));
+    return table.viewport()->grab().toImage().pixelColor(cell.center().x(), cell.top()) ==
+           CurrentTheme().focus;
+  };
+  Activate(table);
+  table.setFocus(Qt::TabFocusReason);
+  EXPECT_TRUE(isFramed(0) && Highlights() == "..");
+  QTest::keyClick(&table, Qt::Key_Down, Qt::ControlModifier);
+  EXPECT_TRUE(isFramed(1) && !isFramed(0));
+  table.clearFocus();
+  EXPECT_FALSE(isFramed(1));
 }
 
 TEST_F(FileTableTest, TakesDroppedFilesOnceTheDropIsOver) {
