@@ -9,6 +9,7 @@
 #include "desktop/look.h"
 #include "desktop/packed_picture.h"
 #include "desktop/theme.h"
+#include "shell/commands.h"
 #include "tests/desktop/window_fixture.h"
 #include "tests/support/engine_fixture.h"
 
@@ -175,11 +176,15 @@ TEST_F(FileIconsTest, PaintsThePictureAndTheTextInTheColourOfItsOutcome) {
   list.Row(5).rowText = std::string(40, 'n') + "<b>\n" + std::string(40, 'm');
   list.TellRows(1, 5);
   rows.model.Sync();
-  const Theme& theme = CurrentTheme();
-  EXPECT_TRUE(Shows(0, text, theme.text));
-  EXPECT_TRUE(Shows(1, text, LegibleShade(successInk, {theme.field})));
-  EXPECT_TRUE(Shows(2, text, LegibleShade(errorInk, {theme.field})));
-  EXPECT_TRUE(Shows(3, text, theme.badge));
+  for (const StyleChoice& style : Styles()) {
+    const Theme theme = LoadTheme(disk, std::string(style.file));
+    ApplyTheme(theme);
+    EXPECT_TRUE(Shows(0, text, theme.text)) << style.file;
+    EXPECT_TRUE(Shows(1, text, LegibleShade(successInk, {theme.field}))) << style.file;
+    EXPECT_TRUE(Shows(2, text, LegibleShade(errorInk, {theme.field}))) << style.file;
+    EXPECT_TRUE(Shows(3, text, theme.badge) && Shows(3, text, theme.badgeText)) << style.file;
+  }
+  ApplyTheme({});
   // The tip tells what the space doesn't, as it stands.
   const auto tip = [](const QString& plain) {
     return QLatin1String("<p style='white-space:pre-wrap'>") + plain + QLatin1String("</p>");

@@ -3,6 +3,7 @@
 
 #include <set>
 
+#include "desktop/dialogs.h"
 #include "desktop/folder_tree.h"
 #include "shell/commands.h"
 #include "tests/desktop/window_fixture.h"
@@ -182,6 +183,43 @@ TEST_F(MainWindowTest, ClosingDuringAScanWaitsForItsEnd) {
   EXPECT_LT(form.ListView1.Count(), 30U);
   Settle();
   EXPECT_FALSE(window.isVisible());
+}
+
+// As a session ends it: from outside, with something on show that has a loop of its own.
+TEST_F(MainWindowTest, TheProgramEndsWhileAMenuOrAWindowIsOpen) {
+  window.hide();  // the end of the event loop would close it, too
+  WindowDialogs boxes;
+  const std::pair<const char*, std::function<void(MainWindow&, Form1&)>> rows[] = {
+      {"menu", [](MainWindow& w, Form1&) { QTest::keyClick(&w, Qt::Key_F, Qt::AltModifier); }},
+      {"menu of a row",
+       [](MainWindow& w, Form1&) {
+         auto& list = Child<FileTable>(w, "ListView1");
+         list.selectRow(0);
+         QTest::keyClick(&list, Qt::Key_F10, Qt::ShiftModifier);
+       }},
+      {"history", [](MainWindow&, Form1& f) { f.Undo.styled.Press(); }},
+      {"options", [](MainWindow&, Form1& f) { f.Dispatch(commandOptions); }},
+      {"question", [&](MainWindow&, Form1&) {
+         boxes.Ask({"title", "text", Buttons::YesNo});
+       }}};
+  for (const auto& [what, open] : rows) {
+    Form1 otherForm(With(events));
+    MainWindow other(otherForm, files, home.Path());
+    otherForm.Load();
+    Activate(other);
+    otherForm.settings.Text_Prefix.Set(what);
+    bool wasOpen = false;
+    QTimer::singleShot(0, &other, [&, opens = open] { opens(other, otherForm); });
+    QTimer::singleShot(200, &other, [&] {
+      wasOpen = QApplication::activeModalWidget() || QApplication::activePopupWidget();
+      other.close();
+    });
+    QTimer::singleShot(5000, &other, [] { QCoreApplication::exit(1); });
+    EXPECT_EQ(QApplication::exec(), 0) << what;
+    EXPECT_TRUE(wasOpen && otherForm.ExitDone && !other.isVisible()) << what;
+    EXPECT_FALSE(QApplication::activeModalWidget() || QApplication::activePopupWidget()) << what;
+    EXPECT_NE(data.Read("profile.cfg").find(std::string("=") + what), std::string::npos) << what;
+  }
 }
 
 // The names of all that `key` leads to from the tree until it is back there.

@@ -32,11 +32,16 @@ class WindowLayoutTest : public WindowTest {
 
 TEST_F(WindowLayoutTest, TheNextWindowIsArrangedAsTheLastOneWas) {
   const WindowParts parts = window.Parts();
-  parts.splitter.setSizes({400, 700});
+  const int drawn = parts.splitter.sizes().value(0);
+  QWidget& handle = Get("Picture2");
+  QTest::mousePress(&handle, Qt::LeftButton, {}, {2, 50});
+  QTest::mouseMove(&handle, {102, 50});
+  QTest::mouseRelease(&handle, Qt::LeftButton, {}, {2, 50});
   parts.columns.resizeSection(1, 333);
   parts.ribbon.SelectTab(2);
   parts.ribbon.SetMinimised(true);
   const Arrangement last = Of(window);
+  EXPECT_NEAR(last.tree, drawn + 100, 5);
   {
     QSettings file(Path(), QSettings::IniFormat);
     SaveLayout(parts, file);

@@ -28,9 +28,11 @@ TEST(FolderTable, RenamingAFolderMovesAllPathsBelowIt) {
 
 class FileListTest : public EngineTest {
  protected:
-  void Add(const std::string& name, std::int64_t size = 0, std::int64_t seconds = 0) {
+  void Add(const std::string& name, std::int64_t size = 0, std::int64_t seconds = 0,
+           const char* directory = "/") {
     FileEntry row;
     row.name = name;
+    row.folder = list.Folders().Intern(directory);
     row.size = size;
     row.sortDate = row.shownDate = Date{seconds};
     row.hasFacts = true;
@@ -60,9 +62,9 @@ TEST_F(FileListTest, ThePatternReachesEveryRowThatHasChanged) {
 
 TEST_F(FileListTest, SortsByHiddenKeysAndFlipsWithEveryClick) {
   const auto day = [](int year, int month) { return MakeDate({year, month, 3, 0, 0, 0})->seconds; };
-  Add("b", 9'000'000'000'000, day(2005, 9));
-  Add("C", 10'000'000'000, day(2004, 10));
-  Add("a", 5, day(2006, 2));
+  Add("b", 9'000'000'000'000, day(2005, 9), "/n/");
+  Add("C", 10'000'000'000, day(2004, 10), "/m/z/");
+  Add("a", 5, day(2006, 2), "/m/");
   // The first click turns the order downwards.
   const auto sorted = [this](Column column) {
     list.SortByColumn(column);
@@ -72,6 +74,8 @@ TEST_F(FileListTest, SortsByHiddenKeysAndFlipsWithEveryClick) {
   EXPECT_EQ(sorted(Column::FileName), (Lines{"a", "b", "C"}));
   EXPECT_EQ(sorted(Column::Size), (Lines{"b", "C", "a"}));
   EXPECT_EQ(sorted(Column::Date), (Lines{"C", "b", "a"}));
+  EXPECT_EQ(sorted(Column::Directory), (Lines{"b", "C", "a"}));
+  EXPECT_EQ(sorted(Column::Directory), (Lines{"a", "C", "b"}));
 }
 
 TEST_F(FileListTest, ABulkChangeIsSortedOnceAndOnlyIfASortWasChosen) {

@@ -133,6 +133,28 @@ TEST_F(CommandsTest, ProfilesLoadByTheirPlaceInTheList) {
   EXPECT_FALSE(array[2]->Visible());
 }
 
+// It stops the scan, as the choice of another folder does.
+TEST_F(CommandsTest, AProfileMayBeChosenWhileAScanRuns) {
+  for (int i = 0; i < 40; ++i) home.Write("n" + std::to_string(i));
+  home.MakeFolder("sub");
+  home.Write("sub/x");
+  form.Load();
+  form.scan.SelectFolder(home.Path("sub"));
+  form.settings.Text_Prefix.Set("stored");
+  form.profiles.SaveProfile(1, "one");
+  form.profiles.LoadProfileList();
+  form.settings.Text_Prefix.Set("");
+  events.atYield[events.yields + 2] = [this] { Run(500001); };
+  form.scan.SelectFolder(home.Path());
+  EXPECT_EQ(form.statusBar.Pane(0), "Scan Aborted...");
+  EXPECT_EQ(form.pane.FolderTreeview1.Value(), home.Path("sub"));
+  EXPECT_EQ(form.settings.Text_Prefix.Value(), "stored");
+  EXPECT_TRUE(form.ListView1.Visible() && !form.scan.ScanInProgress);
+  EXPECT_EQ(form.ListView1.Count(), 20U);
+  Run(500001);
+  EXPECT_EQ(form.ListView1.Row(1).name, "x") << "once more lists its folder";
+}
+
 // What the ribbon carries is dispatched, has a caption and, but for the lists, a tip; the classic
 // items and the twin buttons reach the same.
 TEST_F(CommandsTest, EverySurfaceCarriesCommands) {
