@@ -223,14 +223,21 @@ TEST_F(MainWindowTest, TheProgramEndsWhileAMenuOrAWindowIsOpen) {
 }
 
 // The names of all that `key` leads to from the tree until it is back there.
-std::vector<std::string> Walk(QWidget& from, Qt::Key key) {
-  std::vector<std::string> names;
+std::string Walk(QWidget& from, Qt::Key key) {
+  std::string names;
   from.setFocus();
   do {
     Press(key, key == Qt::Key_Backtab ? Qt::ShiftModifier : Qt::NoModifier);
-    names.push_back(QApplication::focusWidget()->objectName().toStdString());
-  } while (QApplication::focusWidget() != &from && names.size() < 100);
+    names += QApplication::focusWidget()->objectName().toStdString() + " ";
+  } while (QApplication::focusWidget() != &from && names.size() < 5000);
   return names;
+}
+
+// The same from behind, but for the last name, where both ways end.
+std::string Reversed(const std::string& names) {
+  QStringList words = QString::fromStdString(names).split(QLatin1Char(' '), Qt::SkipEmptyParts);
+  std::reverse(words.begin(), words.end() - 1);
+  return words.join(QLatin1Char(' ')).toStdString() + " ";
 }
 
 // From the top to the bottom and from the left to the right, and back the same way: in a window as
@@ -238,61 +245,39 @@ std::vector<std::string> Walk(QWidget& from, Qt::Key key) {
 TEST_F(MainWindowTest, TabGoesThroughTheWindowAsTheEyeDoes) {
   Form1 shownForm(With(events));
   MainWindow shown(shownForm, files, home.Path(), MakePages::BehindFirstPaint);
+  EXPECT_FALSE(shown.findChild<QWidget*>(QStringLiteral("Combo_Find")));
+  shownForm.settings.TabIndex.Select(PageTags);
+  EXPECT_TRUE(shown.findChild<QWidget*>(QStringLiteral("RTxt_ID3Name"))) << "comes to the front";
   shownForm.Load();
   Activate(shown);
   Settle();
-  shownForm.settings.Check_MoveEnable.Set(1);
   auto& tree = Child(shown, "FolderTreeview1");
-  for (const bool icons : {false, true, false}) {
-    shownForm.ListView1.SetIconView(icons);
+  for (const int page : {PageTags, PageReplace, PageAdvanced, PageDelete, PageProperties}) {
+    for (Form1* shows : {&shownForm, &form}) {
+      shows->settings.TabIndex.Select(page);
+      shows->settings.Check_MoveEnable.Set(1);
+      shows->ListView1.SetIconView(page == PageReplace);
+    }
     Settle();
-    const std::vector<std::string> order = Walk(tree, Qt::Key_Tab);
-    std::vector<std::string> back = Walk(tree, Qt::Key_Backtab);
-    std::ranges::reverse(back.begin(), back.end() - 1);
-    EXPECT_EQ(back, order);
-    std::string names;
-    for (const std::string& name : order) names += name + " ";
-    const std::string view = icons ? "ListView1_Icons " : "ListView1 ";
-    EXPECT_TRUE(names.starts_with(
+    const std::string order = Walk(tree, Qt::Key_Tab);
+    EXPECT_EQ(order, Reversed(Walk(tree, Qt::Key_Backtab))) << page;
+    const std::string view = page == PageReplace ? "ListView1_Icons " : "ListView1 ";
+    EXPECT_TRUE(order.starts_with(
         "Txt_Address Option1_Files Combo_Filter PushButton_Filter Check_Thumbnails "
         "PushButton_ScanSub " +
         view +
         "PushButton_SelectAll PushButton_SelectNone "
-        "PushButton_SelectInverse Text_StartCheck Text_Step qt_tabwidget_tabbar Check_Prefix "))
-        << names;
-    EXPECT_NE(names.find(" Check_UniqueFirst Check_MoveEnable Option_Copy PushButton_Browse "
-                         "Txt_MoveTo PushButton_Preview PushButton_Apply PushButton_Undo "
-                         "PushButton_Exit SystemButton "),
-              std::string::npos)
-        << names;
-    EXPECT_TRUE(names.ends_with(" Combo1 FolderTreeview1 ")) << names;
+        "PushButton_SelectInverse Text_StartCheck Text_Step qt_tabwidget_tabbar "))
+        << order;
+    EXPECT_NE(
+        order.find(" Check_MoveEnable Option_Copy PushButton_Browse Txt_MoveTo PushButton_Preview "
+                   "PushButton_Apply PushButton_Undo PushButton_Exit SystemButton "),
+        std::string::npos)
+        << order;
+    Activate(window);
+    EXPECT_EQ(Walk(Get("FolderTreeview1"), Qt::Key_Tab), order) << "pages made at once";
+    Activate(shown);
   }
-}
-
-//  Widgets that the Tab key reaches on any page, in its order.
-std::string KeyOrder(QWidget& window) {
-  std::string names;  // one a line
-  QWidget* first = window.findChild<QWidget*>(QStringLiteral("TabControl1"));
-  for (QWidget* next = first->nextInFocusChain(); next != first; next = next->nextInFocusChain()) {
-    const bool isReached = (next->focusPolicy() & Qt::TabFocus) && !next->focusProxy();
-    if (isReached && !next->objectName().isEmpty())
-      names += next->objectName().toStdString() + "\n";
-  }
-  return names;
-}
-
-TEST_F(MainWindowTest, PagesThatAreMadeBehindTheFirstPaintingStandInTheSameOrderOfKeys) {
-  form.settings.TabIndex.Select(PageTags);
-  window.show();
-  Form1 otherForm(With(events));
-  MainWindow other(otherForm, files, home.Path(), MakePages::BehindFirstPaint);
-  EXPECT_FALSE(other.findChild<QWidget*>(QStringLiteral("Combo_Find")));
-  otherForm.settings.TabIndex.Select(PageTags);
-  EXPECT_TRUE(other.findChild<QWidget*>(QStringLiteral("RTxt_ID3Name")))
-      << "what comes to the front";
-  other.show();
-  Settle();
-  EXPECT_EQ(KeyOrder(other), KeyOrder(window));
 }
 
 }  // namespace tallowbrook

@@ -46,16 +46,17 @@ class ThumbnailTest : public EngineTest {
 
 TEST_F(ThumbnailTest, TheGeneratorAsksForRegularFilesInTheDesiredSize) {
   cThumbnailGenerator generator(pictures, files);
-  EXPECT_EQ(generator.Options, 296);
   folder.MakeFolder("photos");
   folder.MakeLink("photo link", "photo 1");
-  for (const auto& [name, size] : std::vector<std::pair<const char*, int>>{
-           {"photo 1", 100}, {"photo link", 40}, {"photos", 0}, {"photo gone", 0}, {"a.txt", 0}}) {
+  for (const auto& [name, size] : {std::pair{"photo 1", 100},
+                                   {"photo link", 40},
+                                   {"photos", 0},
+                                   {"photo gone", 0},
+                                   {"a.txt", 0}}) {
     generator.Filename = folder.Path(name);
     if (size) generator.DesiredWidth = size;
     const std::optional<PackedBitmap> picture = generator.GetThumbnail();
     EXPECT_EQ(picture ? picture->width : 0, size) << name;
-    EXPECT_EQ(picture ? picture->height : 0, size ? 100 : 0) << name;
   }
 }
 
