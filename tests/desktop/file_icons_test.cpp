@@ -59,78 +59,34 @@ class FileIconsTest : public EngineTest {
                                   QAbstractItemModelTester::FailureReportingMode::Fatal};
 };
 
-TEST_F(FileIconsTest, ClicksAndKeysDoWhatTheyDoInTheTable) {
+// What both views have in common is tested on the table.
+TEST_F(FileIconsTest, ClicksAndKeysFindTheirPlaces) {
   EXPECT_EQ(Cell(0).top(), Cell(2).top());
   EXPECT_GT(Cell(3).top(), Cell(2).bottom() - 1);
   Click(Cell(1).center());
   Click(Box(3));
   EXPECT_EQ(Marks() + " " + Highlights(), "...x. .....") << "the box, and off the row chosen last";
-  Click(Box(3));
   Click(Cell(1).center());
   QTest::keyClick(&icons, Qt::Key_Right, Qt::ShiftModifier);
   QTest::keyClick(&icons, Qt::Key_Space);
-  EXPECT_EQ(Marks() + " " + Highlights(), ".xx.. .xx..");
+  EXPECT_EQ(Marks() + " " + Highlights(), ".xxx. .xx..");
   QTest::keyClick(&icons, Qt::Key_Left);
   QTest::keyClick(&icons, Qt::Key_Down);
   EXPECT_EQ(Highlights(), "....x") << "the row below";
-  EXPECT_EQ(list.SelectedItem(), 5U);
-  std::size_t renamed = 0;
-  operations.OpenManualRename = [&] { renamed = list.HighlightedRow(); };
-  QTest::keyClick(&icons, Qt::Key_F2);
-  EXPECT_EQ(renamed, 5U);
   Click(Cell(1).center());
   for (const QPoint place : {Cell(1).center(), Box(1)}) {
     QTest::mouseDClick(icons.viewport(), Qt::LeftButton, {}, place);
     EXPECT_EQ(desktop.opened, Lines{"/d/b.jpg"});
   }
-  for (const bool byKey : {false, true}) {
-    byKey ? QTest::keyClick(&icons, Qt::Key_F10, Qt::ShiftModifier)
-          : Click(Cell(1).center(), Qt::RightButton);
-    auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
-    ASSERT_TRUE(menu);
-    menu->findChild<QAction*>(QStringLiteral("mnu_SelectOnlyHighlighted"))->trigger();
-    QTest::qWait(1);
-    menu->close();
-    EXPECT_EQ(Marks(), ".x...");
-    list.SetAllChecks(1);
-  }
-}
-
-TEST_F(FileIconsTest, WindowsMarkAndShowTheRowTheyWorkOn) {
+  QTest::keyClick(&icons, Qt::Key_F10, Qt::ShiftModifier);
+  auto* menu = QApplication::activePopupWidget();
+  ASSERT_TRUE(menu);
+  menu->close();
   for (int i = 0; i < 100; ++i) list.Add(list.Row(1));
   rows.model.Sync();
-  list.SetSelected(100, true);
-  list.SetDropHighlight(100);
   list.EnsureVisible(100);
   QTest::qWait(60);
   EXPECT_TRUE(icons.viewport()->rect().contains(Cell(99)));
-  EXPECT_TRUE(icons.selectionModel()->isRowSelected(99));
-  const QRect edge(0, 60, 4, 10);
-  EXPECT_TRUE(Shows(99, edge, QApplication::palette().color(QPalette::Highlight)));
-  EXPECT_FALSE(Shows(98, edge, QApplication::palette().color(QPalette::Highlight)));
-  // A sort takes highlights and pictures along.
-  list.SetSelected(100, false);
-  list.SetSelected(2, true);
-  while (list.Row(1).name != "e") list.SortByColumn(Column::FileName);
-  rows.model.Sync();
-  const auto at = static_cast<int>(Highlights().find('x'));
-  EXPECT_EQ(list.Row(static_cast<std::size_t>(at) + 1).name, "b.jpg");
-  EXPECT_TRUE(icons.selectionModel()->isRowSelected(at));
-}
-
-TEST_F(FileIconsTest, MarksTheCellThatTheKeyboardIsAt) {
-  const QColor frame = CurrentTheme().focus;
-  const QRect edge(0, 60, 4, 10);
-  icons.activateWindow();
-  icons.setFocus();
-  ASSERT_TRUE(QTest::qWaitForWindowActive(&icons));
-  Click(Cell(0).center());
-  QTest::keyClick(&icons, Qt::Key_Right, Qt::ControlModifier);
-  EXPECT_EQ(Highlights(), "x....");
-  EXPECT_FALSE(Shows(0, edge, frame));
-  EXPECT_TRUE(Shows(1, edge, frame));
-  icons.clearFocus();
-  EXPECT_FALSE(Shows(1, edge, frame));
 }
 
 TEST_F(FileIconsTest, TakesDroppedFiles) {

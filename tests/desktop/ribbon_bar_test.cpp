@@ -129,7 +129,6 @@ TEST_F(RibbonBarTest, ProfilesAreShownPlainlyAndLoadedByMenuAndList) {
   Action(profileCommands + 2).trigger();
   Settle();
   EXPECT_EQ(form.settings.Text_Prefix.Value(), "<b>");
-  EXPECT_EQ(label.text(), QStringLiteral("Current Profile: None"));
   EXPECT_TRUE(save.isEnabled() && Action(114002).isEnabled());
   // No key and no turn of the wheel chooses unseen.
   list.setFocus();
@@ -155,10 +154,6 @@ TEST_F(RibbonBarTest, ProfilesAreShownPlainlyAndLoadedByMenuAndList) {
     EXPECT_EQ(form.settings.Text_Prefix.Value(), "R&D");
     EXPECT_EQ(label.text(), QStringLiteral("Current Profile: R&D"));
   }
-  form.settings.Text_Prefix.Set("now");
-  choose(Qt::Key_Up);
-  EXPECT_EQ(list.currentIndex(), 0);
-  EXPECT_EQ(form.settings.Text_Prefix.Value(), "now");
 }
 
 TEST_F(RibbonBarTest, AStyleColoursTheWindowIsCheckedAndSurvivesARestart) {
@@ -169,6 +164,7 @@ TEST_F(RibbonBarTest, AStyleColoursTheWindowIsCheckedAndSurvivesARestart) {
     Settle();
     EXPECT_EQ(CurrentTheme(), LoadTheme(files, "/" + std::string(style.file))) << style.caption;
     EXPECT_EQ(window.palette().color(QPalette::Window), CurrentTheme().window);
+    EXPECT_FALSE(qApp->styleSheet().contains(QLatin1Char('@')));
     Q_EMIT menu->aboutToShow();
     for (const StyleChoice& other : Styles()) {
       EXPECT_EQ(Action(other.number).isChecked(), other.number == style.number);
@@ -225,17 +221,13 @@ TEST_F(RibbonBarTest, AltAloneLeadsToItsLettersAndEscapeBack) {
   EXPECT_TRUE(opened);
 }
 
-TEST_F(RibbonBarTest, ADoubleClickOrAKeyLeavesTheTabsAlone) {
+TEST_F(RibbonBarTest, ADoubleClickLeavesTheTabsAloneAndAKeyLeadsBehindThem) {
   const int high = Bar().height();
-  for (const bool minimised : {true, false}) {
-    const QPoint tab = Tabs().tabRect(0).center();
-    QTest::mouseClick(&Tabs(), Qt::LeftButton, {}, tab);
-    QTest::mouseDClick(&Tabs(), Qt::LeftButton, {}, tab);
-    Settle();
-    EXPECT_TRUE(Bar().IsMinimised() == minimised && (Bar().height() < high / 2) == minimised);
-  }
-  QTest::keyClick(&window, Qt::Key_F1, Qt::ControlModifier);
-  EXPECT_TRUE(Bar().IsMinimised());
+  const QPoint tab = Tabs().tabRect(0).center();
+  QTest::mouseClick(&Tabs(), Qt::LeftButton, {}, tab);
+  QTest::mouseDClick(&Tabs(), Qt::LeftButton, {}, tab);
+  Settle();
+  EXPECT_TRUE(Bar().IsMinimised() && Bar().height() < high / 2);
   TapAlt();
   Press(Qt::Key_L);
   EXPECT_FALSE(Bar().IsMinimised());

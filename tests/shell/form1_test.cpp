@@ -116,16 +116,6 @@ TEST_F(Form1Test, TheEndComesOnceAndStopsAPreviewAndAWalk) {
   EXPECT_EQ(unloads, 2);
 }
 
-TEST_F(Form1Test, ControlsBlinkThreeTimesAndStandAsBefore) {
-  form.blinker.BlinkControl(form.Apply.styled, false);
-  std::string lit;
-  while (form.blinker.Running()) {
-    form.blinker.Tick();
-    lit += form.Apply.styled.Highlighted() ? 'x' : '.';
-  }
-  EXPECT_EQ(lit, "x.x.x.");
-}
-
 TEST_F(Form1Test, ARowIsRenamedByHand) {
   form.Load();
   std::string steps;

@@ -87,17 +87,6 @@ TEST_F(SmallDialogsTest, BrowseSetsTheTargetWithASlash) {
   }
 }
 
-TEST_F(SmallDialogsTest, AboutTellsTheVersionAndOpensItsLinks) {
-  form.showAbout = [&](About& about) {
-    EXPECT_EQ(about.lblVersion.Caption(), "Version " TALLOWBROOK_VERSION);
-    for (Button* link : {&about.Label1, &about.Label12, &about.Label14, &about.Label5}) link->Press();
-  };
-  form.OpenAboutDialog();
-  EXPECT_EQ(desktop.opened, (std::vector<std::string>{
-      "https://www.tallowbrook.invalid", "https://www.tallowbrook.invalid",
-      "https://www.tallowbrook.invalid/products_Tallowbrook.cfm", "mailto:support@tallowbrook.invalid"}));
-}
-
 TEST_F(SmallDialogsTest, ProfilesAreSavedOverwrittenAndDeleted) {
   const auto saveAs = [&](const char* name) {
     form.showSaveProfile = [name](SaveProfileDialog& dialog) {
