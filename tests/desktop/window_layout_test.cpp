@@ -67,8 +67,7 @@ TEST_F(WindowLayoutTest, WhatMakesNoSenseChangesNothing) {
       "tree=100000\ncolumns=5\nribbonTab=-1",
       "tree=99999999999999999999\ncolumns=\"1,2\"\nribbonTab=x",
       "columns=0, -1, 99999999, 0, 3, 9999999999999, 0, 0, 0, 0, 0, 0",
-      "columns=@Invalid()\ntree=@ByteArray(xx)\nribbonTab=@Variant(\\0\\0)",
-  };
+      "columns=@Invalid()\ntree=@ByteArray(xx)\nribbonTab=@Variant(\\0\\0)"};
   for (const char* text : broken) {
     home.Write("layout.ini", std::string("[General]\n") + text + "\n");
     RestoreLayout(window.Parts(), QSettings(Path(), QSettings::IniFormat));

@@ -218,16 +218,6 @@ TEST_F(TreeTest, WalksALevelOfFilesOrFoldersBeforeWhatLiesBelowIt) {
   EXPECT_EQ(list.Count(), 0U);
 }
 
-TEST_F(TreeTest, LongPathsShowTheirLast70Characters) {
-  if (folder.Path().size() > 60) GTEST_SKIP() << "the temporary folder's own path is too long";
-  const std::string whole = folder.Path() + std::string(70 - folder.Path().size(), 'y');
-  const std::string cut = folder.Path() + std::string(71 - folder.Path().size(), 'z');
-  for (const std::string& path : {whole, cut}) folder.MakeFolder(path.substr(folder.Path().size()));
-  scan.ToggleSubfolderScan();
-  EXPECT_THAT(messages, testing::Contains("scanning " + Short(whole)));
-  EXPECT_THAT(messages, testing::Contains("scanning ..." + cut.substr(1)));
-}
-
 // The button ends the walk behind the folder, on the way down too. An Escape cuts it and each later
 // folder to its first file, until a scan clears it.
 TEST_F(TreeTest, StopsAtTheNextFolder) {

@@ -17,25 +17,19 @@ class ListOperationsTest : public EngineTest {
 TEST_F(ListOperationsTest, ArrowsStepTheCheckPattern) {
   Fill(6);
   Scan();
-  const auto state = [&] {
+  const auto after = [&](int times, const auto& step) {
+    for (int i = 0; i < times; ++i) step();
     return pane.Text_StartCheck.Value() + " " + pane.Text_Step.Value() + " " + Marks();
   };
-  pane.VScroll2.StepUp();
-  EXPECT_EQ(state(), "0 2 x.x.x.");
-  for (int i = 0; i < 3; ++i) pane.VScroll1.StepUp();
-  EXPECT_EQ(state(), "3 2 ..x.x.");
-  pane.VScroll1.StepDown();
-  EXPECT_EQ(state(), "2 2 .x.x.x");
-  pane.Text_StartCheck.focusLost();
-  EXPECT_EQ(pane.VScroll1.Value(), 5000);
-  EXPECT_EQ(state(), "2 2 .x.x.x");
+  EXPECT_EQ(after(1, [&] { pane.VScroll2.StepUp(); }), "0 2 x.x.x.");
+  EXPECT_EQ(after(3, [&] { pane.VScroll1.StepUp(); }), "3 2 ..x.x.");
+  EXPECT_EQ(after(1, [&] { pane.VScroll1.StepDown(); }), "2 2 .x.x.x");
+  EXPECT_EQ(after(1, [&] { pane.Text_StartCheck.focusLost(); }), "2 2 .x.x.x");
   // The number ends at 1, though 0 can be typed; marks made by hand give way there, too.
-  for (int i = 0; i < 2; ++i) pane.VScroll1.StepDown();
+  EXPECT_EQ(after(2, [&] { pane.VScroll1.StepDown(); }), "1 2 x.x.x.");
   list.SetChecked(1, false);
-  pane.VScroll1.StepDown();
-  EXPECT_EQ(state(), "1 2 x.x.x.");
-  for (int i = 0; i < 5; ++i) pane.VScroll2.StepDown();
-  EXPECT_EQ(state(), "1 0 ......");
+  EXPECT_EQ(after(1, [&] { pane.VScroll1.StepDown(); }), "1 2 x.x.x.");
+  EXPECT_EQ(after(5, [&] { pane.VScroll2.StepDown(); }), "1 0 ......");
 }
 
 TEST_F(ListOperationsTest, DeletesForGoodAndStopsAtTheFirstFailure) {
