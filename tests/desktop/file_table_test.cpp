@@ -86,7 +86,7 @@ TEST_F(FileTableTest, NamesAreShownAsPlainVisibleTextInTheColourOfTheirOutcome) 
   EXPECT_EQ(Cell(0, Column::FileName, Qt::ToolTipRole), PlainToolTip(shown));
   // clang-format off
   const std::pair<RowColour, QColor> inks[] = {{RowColour::Plain, {}}, {RowColour::Done, {0, 0, 255}},
-                                               {RowColour::Failed, {255, 0, 0}}, {RowColour::Skipped, {224, 224, 224}}};
+      {RowColour::Failed, {255, 0, 0}}, {RowColour::Skipped, {224, 224, 224}}};
   // clang-format on
   for (const auto& [colour, expected] : inks) {
     list.Row(1).colour = colour;

@@ -123,9 +123,7 @@ TEST_F(RibbonBarTest, ProfilesAreShownPlainlyAndLoadedByMenuAndList) {
   SaveProfiles({std::string(3000, 'w'), "<b>\x07", "R&D"});
   EXPECT_EQ(Action(profileCommands + 1).text() + list.itemText(1), QStringLiteral("R&&DR&D"));
   EXPECT_EQ(Action(profileCommands + 2).text(), QStringLiteral("<b>\uFFFD"));
-  EXPECT_LT(Action(profileCommands + 3).text().size(), 60);
-  EXPECT_LT(list.itemText(3).size(), 80);
-  auto& label = Get<QLabel>("CurrentProfile");
+  EXPECT_LT(Action(profileCommands + 3).text().size() + list.itemText(3).size(), 140);
   Action(profileCommands + 2).trigger();
   Settle();
   EXPECT_EQ(form.settings.Text_Prefix.Value(), "<b>");
@@ -139,20 +137,17 @@ TEST_F(RibbonBarTest, ProfilesAreShownPlainlyAndLoadedByMenuAndList) {
   QCoreApplication::sendEvent(&list, &wheel);
   Settle();
   EXPECT_EQ(form.settings.Text_Prefix.Value(), "<b>");
-  // The same entry once more loads once more; the empty one does nothing.
-  const auto choose = [&](Qt::Key step) {
+  // The same entry once more loads once more.
+  for (const Qt::Key step : {Qt::Key_Down, Qt::Key_Shift}) {
+    form.settings.Text_Prefix.Set("now");
     list.setFocus();
     QTest::keyClick(&list, Qt::Key_Down);
     QWidget* popup = QApplication::focusWidget();
     QTest::keyClick(popup, step);
     QTest::keyClick(popup, Qt::Key_Return);
     Settle();
-  };
-  for (const Qt::Key step : {Qt::Key_Down, Qt::Key_Shift}) {
-    form.settings.Text_Prefix.Set("now");
-    choose(step);
     EXPECT_EQ(form.settings.Text_Prefix.Value(), "R&D");
-    EXPECT_EQ(label.text(), QStringLiteral("Current Profile: R&D"));
+    EXPECT_EQ(Get<QLabel>("CurrentProfile").text(), QStringLiteral("Current Profile: R&D"));
   }
 }
 
@@ -184,8 +179,9 @@ TEST_F(RibbonBarTest, AltAloneLeadsToItsLettersAndEscapeBack) {
   EXPECT_EQ(Focused(), "ListView1");
   // clang-format off
   const std::pair<Qt::Key, const char*> steps[] = {
-      {Qt::Key_H, "Command112002"}, {Qt::Key_I, "Command112011"}, {Qt::Key_Up, "RibbonTabs"}, {Qt::Key_P, "LoadProfile"},
-      {Qt::Key_Right, "Command114003"}, {Qt::Key_Escape, "ListView1"}};  // past what is grey
+      {Qt::Key_H, "Command112002"}, {Qt::Key_I, "Command112011"}, {Qt::Key_Up, "RibbonTabs"},
+      {Qt::Key_P, "LoadProfile"}, {Qt::Key_Right, "Command114003"},
+      {Qt::Key_Escape, "ListView1"}};  // past what is grey
   // clang-format on
   for (const bool byAlt : {true, false}) {
     byAlt ? TapAlt() : Press(Qt::Key_F10);

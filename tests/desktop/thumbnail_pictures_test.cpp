@@ -155,7 +155,8 @@ TEST_F(ThumbnailPicturesTest, ACamerasPictureServesIfItIsThatPhotoAndLargeEnough
       {{1200, 800}, {160, 107}, "96x64 gggg"}, {{1200, 800}, {160, 106}, "96x64 gggg"},
       {{1200, 800}, {96, 64}, "96x64 gggg"}, {{1200, 800}, {160, 120}, "96x64 rrrr"},
       {{1200, 800}, {107, 160}, "96x64 rrrr"}, {{1200, 800}, {90, 60}, "96x64 rrrr"},
-      {{60, 40}, {60, 40}, "60x40 gggg"}, {{60, 40}, {48, 32}, "60x40 rrrr"}, {{1200, 800}, {1200, 800}, "96x64 rrrr"}};
+      {{60, 40}, {60, 40}, "60x40 gggg"}, {{60, 40}, {48, 32}, "60x40 rrrr"},
+      {{1200, 800}, {1200, 800}, "96x64 rrrr"}};
   // clang-format on
   for (const auto& [photo, small, expected] : rows) {
     const bool isCameras = expected[6] == 'g';
@@ -183,7 +184,8 @@ TEST_F(ThumbnailPicturesTest, TheCacheServesWhatIsOfThisFileAsItIsNow) {
   const Row rows[] = {
       {"normal", now, "p", {100, 50}, {}, "96x48 gggg"}, {"large", now, "p", {100, 50}, {}, "96x48 gggg"},
       {"normal", now + 1, "p", {100, 50}, {}, "96x64 rrrr"}, {"large", now, "q", {100, 50}, {}, "96x64 rrrr"},
-      {"large", now, "p", {256, 128}, itsSize, "96x48 gggg"}, {"large", now, "p", {257, 128}, itsSize, "96x64 rrrr"},
+      {"large", now, "p", {256, 128}, itsSize, "96x48 gggg"},
+      {"large", now, "p", {257, 128}, itsSize, "96x64 rrrr"},
       {"large", now, "p", {100, 50}, QStringLiteral("1"), "96x64 rrrr"}};
   // clang-format on
   for (const auto& row : rows) {
@@ -279,7 +281,8 @@ TEST_F(ThumbnailPicturesTest, KnowsPicturesByTheirBytesAndRefusesTheRest) {
       {Saved(clear, "PNG"), "96x48 rgbw"}, {Plain({1, 1000}, "rrrr"), "1x96 rrrr"},
       {bigPixmap, "96x48 rgbw"}, {dot, "1x1 wwww"}, {Saved(quarters, "XPM"), "96x48 rgbw"},
       {Icon({{16, red}, {64, green}}), "64x64 gggg"}, {Icon({{64, green}, {16, red}}), "64x64 gggg"},
-      {Icon({{16, redIcon}, {64, greenIcon}}), "64x64 gggg"}, {Icon({{64, greenIcon}, {16, red}}, 2), "64x64 gggg"},
+      {Icon({{16, redIcon}, {64, greenIcon}}), "64x64 gggg"}, {Icon({{64, greenIcon},
+      {16, red}}, 2), "64x64 gggg"},
       {Icon({}), "none"}, {Icon({{16, "no"}}), "none"}, {Icon({{16, red}}).substr(0, 20), "none"},
       {hidden, "none"}, {manyScans, "none"},
       {"", "none"}, {"no picture", "none"}, {"P6 of words", "none"}, {"BM\xFF\xFF", "none"},

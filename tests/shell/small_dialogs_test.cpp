@@ -39,7 +39,7 @@ TEST_F(SmallDialogsTest, OptionsAreTakenOverBySaveAlone) {
     EXPECT_EQ(form.scan.ShowEXIFDateCreated == 0, save);
     EXPECT_EQ(form.ListView1.Caption(Column::Date), save ? "Date Created" : "Date Modified");
     EXPECT_EQ(form.ListView1.Cell(1, Column::Date) != before, save);
-    EXPECT_EQ(data.Read("tallowbrook.cfg").starts_with(save ? "LoadSavedSettings=False" : "LoadSavedSettings=True"), true);
+    EXPECT_EQ(data.Read("tallowbrook.cfg").starts_with("LoadSavedSettings=False"), save);
   }
 }
 
@@ -72,7 +72,8 @@ TEST_F(SmallDialogsTest, BrowseSetsTheTargetWithASlash) {
       {"", home.Path().substr(0, home.Path().size() - 1), home.Path() + "sub", true, home.Path() + "sub/"},
       {home.Path() + "sub/", home.Path() + "sub", "/", true, "/"},
       {home.Path() + "sub", home.Path() + "sub", "/", false, home.Path() + "sub/"},
-      {"nowhere", home.Path().substr(0, home.Path().size() - 1), "/", false, "nowhere/"}, {"", home.Path().substr(0, home.Path().size() - 1), "/", false, ""},
+      {"nowhere", home.Path().substr(0, home.Path().size() - 1), "/", false, "nowhere/"},
+      {"", home.Path().substr(0, home.Path().size() - 1), "/", false, ""},
   };
   for (const auto& row : rows) {
     form.settings.Txt_MoveTo.Set(row.before);
@@ -97,7 +98,7 @@ TEST_F(SmallDialogsTest, ProfilesAreSavedOverwrittenAndDeleted) {
   };
   const auto names = [&] {
     std::string all;
-    for (const ProfileEntry& profile : form.profiles.ProfileList()) all += profile.name + std::to_string(profile.id) + " ";
+    for (const auto& [name, id] : form.profiles.ProfileList()) all += name + std::to_string(id) + " ";
     return all;
   };
   form.showManageProfiles = [&](ManageProfiles& empty) {

@@ -143,7 +143,8 @@ TEST_F(TagEditorTest, GenresGoByTheNumbersOfTheList) {
   // The number, its name, its place in the list and what a save makes of it. 17 has another name in
   // the list, 200 is of the list alone, 5 is its last entry.
   const std::tuple<std::uint8_t, std::string, int, int> rows[] = {
-      {17, "Rock", 1, 17}, {200, "", 2, 200}, {5, "Funk", 0, 255}, {9, "Metal", 0, 255}, {255, "", 0, 255}, {0, "Blues", 0, 255}};
+      {17, "Rock", 1, 17}, {200, "", 2, 200}, {5, "Funk", 0, 255},
+      {9, "Metal", 0, 255}, {255, "", 0, 255}, {0, "Blues", 0, 255}};
   // clang-format on
   const std::string list = "17,Steady\r\nx,heading\r\n200,Own\r\n5,Last\r\n";
   SetGenres(list, list);

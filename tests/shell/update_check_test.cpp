@@ -38,20 +38,27 @@ TEST_F(UpdateCheckTest, OneLineGoesOutAndOneFieldOfTheAnswerCounts) {
   socket.connected();
   EXPECT_EQ(starts, 2);
   EXPECT_EQ(socket.calls, (std::vector<std::string>{
-      "connect host 3877", "send 4.0.1\a1\aFalse\a\r\n", "close", "connect host 3877", "send 4.0.1\a1\aTrue\a\r\n"}));
-  const std::string offer = "New Version Available|Version ", question = " is now available, would you like to download it now?\n";
-  const struct { int manual; std::vector<std::string_view> pieces; Answer answer; std::string asked; bool opens; } rows[] = {
-      {0, {"4.1.0\arest\r"}, Answer::Yes, offer + "4.1.0" + question, true}, {0, {"4", ".", "1\r\n"}, Answer::No, offer + "4.1" + question, false},
-      {0, {"\r"}, Answer::No, offer + question, false}, {0, {"false\r"}, Answer::No, offer + "false" + question, false},
-      {1, {"False\r"}, Answer::Ok, "Tallowbrook|You have the most recent version\n", false}, {0, {"Fal", "se\r"}, Answer::Ok, "", false},
+      "connect host 3877", "send 4.0.1\a1\aFalse\a\r\n", "close", "connect host 3877",
+      "send 4.0.1\a1\aTrue\a\r\n"}));
+  const auto offer = [](const char* version) {
+    return std::string("New Version Available|Version ") + version +
+           " is now available, would you like to download it now?\n";
   };
+  using Pieces = std::vector<std::string_view>;
+  const struct { int manual; Pieces pieces; Answer answer; std::string asked; bool opens; } rows[] = {
+      {0, {"4.1.0\arest\r"}, Answer::Yes, offer("4.1.0"), true}, {0, {"4", ".",
+      "1\r\n"}, Answer::No, offer("4.1"), false},
+      {0, {"\r"}, Answer::No, offer(""), false}, {0, {"false\r"}, Answer::No, offer("false"), false},
+      {1, {"False\r"}, Answer::Ok, "Tallowbrook|You have the most recent version\n", false},
+      {0, {"Fal", "se\r"}, Answer::Ok, "", false}};
   for (const auto& row : rows) {
     dialogs.asked.clear(), desktop.opened.clear(), last = "2/20/2024";
     dialogs.answers = {row.answer};
     check.CheckForUpdates(row.manual);
     for (const std::string_view piece : row.pieces) socket.arrived(piece);
     EXPECT_EQ(Asked(), row.asked);
-    EXPECT_EQ(desktop.opened, std::vector<std::string>(row.opens, "https://site/products_tallowbrook_download.cfm"));
+    EXPECT_EQ(desktop.opened,
+              std::vector<std::string>(row.opens, "https://site/products_tallowbrook_download.cfm"));
     EXPECT_FALSE(socket.IsOpen() || check.UpdateAwaitingAnswer);
     EXPECT_EQ(last, row.manual ? "2/20/2024" : "2/29/2024 1:05:09 PM");
     Ticks(40);  // nothing is left of it
@@ -85,7 +92,8 @@ TEST_F(UpdateCheckTest, WhatFailsIsToldAfterThreeSecondsToWhoAsked) {
 
 TEST_F(UpdateCheckTest, ItIsDueOnceSevenMidnightsHavePassed) {
   const struct { const char* last; DateFields now; bool due; } rows[] = {
-      {"2/19/2024 11:59:00 PM", {2024, 2, 26, 0, 1, 0}, true}, {"2/19/2024", {2024, 2, 25, 23, 59, 59}, false},
+      {"2/19/2024 11:59:00 PM", {2024, 2, 26, 0, 1, 0}, true},
+      {"2/19/2024", {2024, 2, 25, 23, 59, 59}, false},
       {"2/29/2023", {2024, 2, 26}, false}, {"", {2024, 2, 26}, false}, {"3/19/2024", {2024, 2, 26}, false},
   };
   for (const auto& row : rows) {
