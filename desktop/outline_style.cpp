@@ -6,6 +6,7 @@
 
 #include "base/guards.h"
 #include "desktop/look.h"
+#include "desktop/scroll_bar.h"
 #include "desktop/theme.h"
 
 namespace tallowbrook {
@@ -25,8 +26,7 @@ constexpr QStyle::PrimitiveElement primitives[] = {QStyle::PE_Frame,
                                                    QStyle::PE_IndicatorItemViewItemCheck};
 constexpr QStyle::ControlElement controls[] = {QStyle::CE_ProgressBar, QStyle::CE_ProgressBarGroove,
                                                QStyle::CE_ProgressBarContents};
-constexpr QStyle::ComplexControl complexControls[] = {QStyle::CC_ComboBox, QStyle::CC_SpinBox,
-                                                      QStyle::CC_ScrollBar};
+constexpr QStyle::ComplexControl complexControls[] = {QStyle::CC_ComboBox, QStyle::CC_SpinBox};
 
 // Calls `draw` while the ground is what makes that outline. The option keeps its own type,
 // which a copy of it would lose.
@@ -71,6 +71,8 @@ void OutlineStyle::drawControl(ControlElement element, const QStyleOption* optio
 
 void OutlineStyle::drawComplexControl(ComplexControl control, const QStyleOptionComplex* option,
                                       QPainter* painter, const QWidget* widget) const {
+  const auto* bar = qstyleoption_cast<const QStyleOptionSlider*>(option);
+  if (control == CC_ScrollBar && bar) return DrawScrollBar(*proxy(), *bar, *painter, widget);
   DrawOutlined(complexControls, control, option, CurrentTheme().fieldBorder,
                [&] { QProxyStyle::drawComplexControl(control, option, painter, widget); });
 }

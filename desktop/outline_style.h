@@ -1,4 +1,5 @@
-// The toolkit's style with outlines of fields, check marks and bars in the colour of our own style.
+// The toolkit's style with outlines of fields, check marks and bars in the colour of our own style,
+// and our own scroll bars.
 #pragma once
 
 #include <QProxyStyle>
