@@ -76,7 +76,8 @@ class CellIcon : public QIconEngine {
       image = image.scaled(size, Qt::KeepAspectRatio, Qt::SmoothTransformation);
     }
     const QPixmap pixmap = QPixmap::fromImage(image);
-    if (mode == QIcon::Normal) return pixmap;
+    // A selected row's icon stays as it is; the style would tint it like a text.
+    if (mode != QIcon::Disabled) return pixmap;
     QStyleOption option;
     option.palette = QApplication::palette();
     return QApplication::style()->generatedIconPixmap(mode, pixmap, &option);
