@@ -23,7 +23,6 @@ class QWheelEvent;
 namespace tallowbrook {
 
 class QuietCombo;
-
 class SpinArrows;
 
 // Lives as long as its widget or its binder, whichever ends first.

@@ -60,16 +60,19 @@ void FileTable::SetUpColumns() {
     }
   }
   connect(&header, &QHeaderView::sectionResized, this, [this](int section) {
-    if (!filling_ && section == SectionOf(Column::Directory)) directorySet_ = true;
+    if (!filling_ && section == SectionOf(Column::Directory)) {
+      horizontalHeader()->setProperty(folderFillsRest, false);
+    }
     FillWidth();
   });
+  header.setProperty(folderFillsRest, true);
   connect(&header, &QHeaderView::sectionClicked, this, [this](int section) { SortBy(section); });
 }
 
 // The folder comes last and ends where the view does: a width of its own, for the longest of paths,
 // would let the list scroll far into emptiness. It keeps as much room as a name's start needs.
 void FileTable::FillWidth() {
-  if (directorySet_ || filling_) return;
+  if (filling_ || !horizontalHeader()->property(folderFillsRest).toBool()) return;
   filling_ = true;
   const Finally done([this] { filling_ = false; });
   const int directory = SectionOf(Column::Directory);

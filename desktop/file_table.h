@@ -5,6 +5,10 @@
 
 namespace tallowbrook {
 
+// A property of the table's header: true while the folder's column fills the rest of the view, its
+// width being nobody's choice.
+inline constexpr char folderFillsRest[] = "folderFillsRest";
+
 class FileTable : public FileView<RowTable> {
  public:
   FileTable(FileRows& rows, QWidget* parent);
@@ -20,7 +24,6 @@ class FileTable : public FileView<RowTable> {
   void SortBy(int section);
 
   bool filling_ = false;
-  bool directorySet_ = false;  // the user has given it a width
 };
 
 }  // namespace tallowbrook

@@ -34,6 +34,8 @@ class IconStrip::Images {
  public:
   Images(const QString& path, int edge) : path_(path), edge_(edge) {}
 
+  // Of a cell, in points.
+  int Edge() const { return edge_; }
   // One cell at `ratio` pixels a point, 1 or 2; of the other file where this one lacks it, and null
   // where both do.
   QImage Cell(int cell, int ratio) {
@@ -56,7 +58,7 @@ class IconStrip::Images {
 
 namespace {
 
-// The icon of one cell. It reads no file that no display needs.
+// The icon of one cell.
 class CellIcon : public QIconEngine {
  public:
   CellIcon(std::shared_ptr<IconStrip::Images> images, int cell)
@@ -64,14 +66,15 @@ class CellIcon : public QIconEngine {
 
   void paint(QPainter* painter, const QRect& rect, QIcon::Mode mode, QIcon::State state) override {
     const qreal scale = painter->device()->devicePixelRatioF();
+    painter->setRenderHint(QPainter::SmoothPixmapTransform);
     painter->drawPixmap(rect, scaledPixmap(rect.size() * scale, mode, state, scale));
   }
   QPixmap pixmap(const QSize& size, QIcon::Mode mode, QIcon::State state) override {
     return scaledPixmap(size, mode, state, 1);
   }
-  // `size` in pixels. Larger than the file's it is the file's.
-  QPixmap scaledPixmap(const QSize& size, QIcon::Mode mode, QIcon::State, qreal scale) override {
-    QImage image = images_->Cell(cell_, scale > 1 ? 2 : 1);
+  // `size` in pixels. Larger than the larger file's it is that.
+  QPixmap scaledPixmap(const QSize& size, QIcon::Mode mode, QIcon::State, qreal) override {
+    QImage image = images_->Cell(cell_, size.width() > images_->Edge() ? 2 : 1);
     if (size.width() < image.width() || size.height() < image.height()) {
       image = image.scaled(size, Qt::KeepAspectRatio, Qt::SmoothTransformation);
     }
@@ -89,6 +92,10 @@ class CellIcon : public QIconEngine {
       if (!image.isNull()) sizes += image.size();
     }
     return sizes;
+  }
+  QSize actualSize(const QSize& size, QIcon::Mode, QIcon::State) override {
+    const int edge = std::min(size.width(), size.height());
+    return {edge, edge};
   }
   QIconEngine* clone() const override { return new CellIcon(*this); }
 

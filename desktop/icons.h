@@ -1,7 +1,8 @@
 // The images of commands, by the numbers that the commands have, and those of folders.
 //
 // Two files beside the executable, "NAME.png" and "NAME@2x.png", hold one row of square cells each,
-// for displays of one and of two pixels a point. The build draws them from resources/icons/.
+// for displays of one and of two pixels a point. The build draws them from resources/icons/ and
+// resources/folders/.
 #pragma once
 
 #include <QIcon>
@@ -20,7 +21,7 @@ inline constexpr int systemIconNumber = 1200;  // has files of its own
 
 class IconStrip {
  public:
-  // The two files, each read when a display first asks for its pixels.
+  // The two files, each read when its pixels are first asked for.
   class Images;
 
   // `path` without ".png", `edge` of a cell in points. Cells that a file lacks, or all where it is

@@ -203,12 +203,12 @@ void ShowLine(QLineEdit& line, LineLook look) {
   SetLook(line, "look", QLatin1String(names[static_cast<std::size_t>(look)]));
 }
 
-// Of its own: a rule of the sheet for any widget is tried on every one.
+// By a sheet of the widget's own: a rule for any widget is tried on every one.
 void ShowAlert(QWidget& widget, bool on) {
   const Theme& theme = CurrentTheme();
-  widget.setStyleSheet(on ? QStringLiteral("background: %1; color: %2;")
-                                .arg(theme.alert.name(), theme.alertText.name())
-                          : QString());
+  const QString rule = QStringLiteral("#%1 { background: %2; color: %3; }")
+                           .arg(widget.objectName(), theme.alert.name(), theme.alertText.name());
+  widget.setStyleSheet(on ? rule : QString());
 }
 
 QIcon ProgramIcon() {

@@ -1,5 +1,6 @@
 #include "desktop/outline_style.h"
 
+#include <QPainter>
 #include <QStyleFactory>
 #include <QStyleOption>
 #include <algorithm>
@@ -47,23 +48,28 @@ OutlineStyle::OutlineStyle() : QProxyStyle(QStyleFactory::create(QStringLiteral(
 
 void OutlineStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* option,
                                  QPainter* painter, const QWidget* widget) const {
-  // A list's frame tells that it has the keyboard, whether or not it has rows.
-  const bool isFocused = element == PE_Frame && (option->state & State_HasFocus);
-  const Theme& theme = CurrentTheme();
-  DrawOutlined(primitives, element, option, isFocused ? theme.focus : theme.fieldBorder,
+  DrawOutlined(primitives, element, option, CurrentTheme().fieldBorder,
                [&] { QProxyStyle::drawPrimitive(element, option, painter, widget); });
+  // A list's frame tells that it has the keyboard, whether or not it has rows.
+  if (element != PE_Frame || !(option->state & State_HasFocus)) return;
+  const QRect& frame = option->rect;
+  for (const QRect& edge : {QRect(frame.left(), frame.top(), frame.width(), 1),
+                            QRect(frame.left(), frame.bottom(), frame.width(), 1),
+                            QRect(frame.left(), frame.top(), 1, frame.height()),
+                            QRect(frame.right(), frame.top(), 1, frame.height())}) {
+    painter->fillRect(edge, CurrentTheme().focus);
+  }
 }
 
 void OutlineStyle::drawControl(ControlElement element, const QStyleOption* option,
                                QPainter* painter, const QWidget* widget) const {
   const auto* header = qstyleoption_cast<const QStyleOptionHeader*>(option);
-  const QRect place = option->rect;
-  const Finally restore([&] { const_cast<QStyleOption*>(option)->rect = place; });
-  if (element == CE_HeaderLabel && header && header->sortIndicator != QStyleOptionHeader::None) {
+  if (element == CE_HeaderLabel && header && header->textAlignment & Qt::AlignRight &&
+      header->sortIndicator != QStyleOptionHeader::None) {
     // A caption at the right makes room for the arrow, which stands there.
-    const int room = pixelMetric(PM_HeaderMarkSize, option, widget);
-    const bool isAtRight = header->textAlignment & Qt::AlignRight;
-    const_cast<QStyleOption*>(option)->rect.adjust(0, 0, isAtRight ? -room : 0, 0);
+    QStyleOptionHeader beside = *header;
+    beside.rect.adjust(0, 0, -pixelMetric(PM_HeaderMarkSize, option, widget), 0);
+    return QProxyStyle::drawControl(element, &beside, painter, widget);
   }
   DrawOutlined(controls, element, option, CurrentTheme().fieldBorder,
                [&] { QProxyStyle::drawControl(element, option, painter, widget); });

@@ -1,5 +1,5 @@
 // The toolkit's style with outlines of fields, check marks and bars in the colour of our own style,
-// and our own scroll bars.
+// a frame around a list that has the keyboard, and our own scroll bars.
 #pragma once
 
 #include <QProxyStyle>

@@ -34,21 +34,26 @@ void QuietCombo::MakeEditable() {
 QSize QuietCombo::sizeHint() const {
   if (width_ == Width::OfFirstItems) return QComboBox::sizeHint();
   constexpr int besideIcon = 4;
-  constexpr int leastHeight = 14;
   constexpr int frame = 2;
+  constexpr int leastHeight = 14;
   const QFontMetrics metrics = fontMetrics();
   int width = characters_ * metrics.horizontalAdvance(QLatin1Char('X'));
-  if (width_ == Width::OfCharacters) width += iconSize().width() + besideIcon;
+  int height = std::max(metrics.height(), leastHeight) + frame;
+  if (width_ == Width::OfCharacters) {
+    width += iconSize().width() + besideIcon;
+    height = std::max(height, iconSize().height() + frame);
+  }
   if (width_ == Width::OfItems) width = std::max(width, WidestItem());
   QStyleOptionComboBox option;
   initStyleOption(&option);
-  const QSize contents(width, std::max(metrics.height(), leastHeight) + frame);
-  return style()->sizeFromContents(QStyle::CT_ComboBox, &option, contents, this);
+  return style()->sizeFromContents(QStyle::CT_ComboBox, &option, {width, height}, this);
 }
 
 int QuietCombo::WidestItem() const {
   if (widestItem_) return *widestItem_;
-  int widest = 0;
+  constexpr int charactersOfNone = 7;
+  int widest =
+      count() == 0 ? charactersOfNone * fontMetrics().horizontalAdvance(QLatin1Char('x')) : 0;
   for (int item = 0; item < count(); ++item) {
     widest = std::max(widest, fontMetrics().size(Qt::TextSingleLine, itemText(item)).width());
   }

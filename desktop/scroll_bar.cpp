@@ -18,9 +18,7 @@ struct PartColours {
 
 QColor ColourOf(const QStyleOptionSlider& bar, QStyle::SubControl part,
                 const PartColours& colours) {
-  if (!(bar.activeSubControls & part) || !(bar.state & QStyle::State_Enabled)) {
-    return colours.usual;
-  }
+  if (!(bar.activeSubControls & part)) return colours.usual;
   if (bar.state & QStyle::State_Sunken) return colours.pressed;
   return bar.state & QStyle::State_MouseOver ? colours.hover : colours.usual;
 }
@@ -48,17 +46,22 @@ void DrawScrollBar(const QStyle& style, const QStyleOptionSlider& bar, QPainter&
   const auto placeOf = [&](QStyle::SubControl part) {
     return style.subControlRect(QStyle::CC_ScrollBar, &bar, part, widget);
   };
+  const bool canMove = bar.maximum > bar.minimum && bar.state & QStyle::State_Enabled;
   painter.fillRect(bar.rect, theme.window);
   for (const QStyle::SubControl line : {QStyle::SC_ScrollBarSubLine, QStyle::SC_ScrollBarAddLine}) {
-    QStyleOption arrow = bar;
+    QStyleOption arrow;
+    arrow.direction = bar.direction;
+    arrow.palette = bar.palette;
+    arrow.state = bar.state;
+    arrow.state.setFlag(QStyle::State_Enabled, canMove);
     arrow.rect = placeOf(line).adjusted(3, 3, -3, -3);
-    const QColor ground =
-        ColourOf(bar, line, {theme.window, theme.buttonHover, theme.buttonPressed});
-    painter.fillRect(placeOf(line), ground);
+    if (canMove) {
+      painter.fillRect(placeOf(line),
+                       ColourOf(bar, line, {theme.window, theme.buttonHover, theme.buttonPressed}));
+    }
     style.drawPrimitive(ArrowOf(bar, line == QStyle::SC_ScrollBarSubLine), &arrow, &painter,
                         widget);
   }
-  const bool canMove = bar.maximum > bar.minimum && bar.state & QStyle::State_Enabled;
   if (!canMove) return;
   constexpr int across = 3, along = 1;
   const bool isUpright = bar.orientation == Qt::Vertical;
@@ -67,7 +70,7 @@ void DrawScrollBar(const QStyle& style, const QStyleOptionSlider& bar, QPainter&
              isUpright ? slider.adjusted(across, along, -across, -along)
                        : slider.adjusted(along, across, -along, -across),
              ColourOf(bar, QStyle::SC_ScrollBarSlider,
-                      {theme.fieldBorder, theme.buttonHoverBorder, theme.focus}));
+                      {theme.disabledText, theme.mutedText, theme.focus}));
 }
 
 }  // namespace tallowbrook

@@ -46,7 +46,7 @@ class PlainMask {
  private:
   template <class Find>
   void TakeApart(std::string_view mask, Find find) {
-    mask_ = mask;
+    mask_.reset();
     isPlain_ = true;
     pieces_.clear();
     for (std::size_t at = 0; at < mask.size() && isPlain_;) {
@@ -57,6 +57,7 @@ class PlainMask {
       pieces_.emplace_back(mask.substr(at, start - at), known);
       at = std::max(start, end);
     }
+    mask_ = mask;
   }
 
   std::optional<std::string> mask_;

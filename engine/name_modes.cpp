@@ -51,16 +51,19 @@ std::string NameBuilder::FindAndReplace(const NameParts& parts) {
   const std::string_view searched = inBase        ? parts.base
                                     : inExtension ? parts.extension
                                                   : parts.fileName;
+  std::string found;
   // Without a text to find, the part to be searched is left out of the name. That is wanted.
-  std::string found = settings_.Combo_Find.Value().empty() ? "" : ReplaceInText(searched);
+  if (!settings_.Combo_Find.Value().empty()) {
+    AddToComboHistory(settings_.Combo_Find);
+    if (!settings_.Combo_Replace.Value().empty()) AddToComboHistory(settings_.Combo_Replace);
+    found = ReplaceInText(searched);
+  }
   if (inBase) return found.append(".").append(parts.extension);
   if (inExtension) return std::string(parts.base).append(".").append(found);
   return found;
 }
 
 std::string NameBuilder::ReplaceInText(std::string_view text) {
-  AddToComboHistory(settings_.Combo_Find);
-  if (!settings_.Combo_Replace.Value().empty()) AddToComboHistory(settings_.Combo_Replace);
   if (settings_.Check_RegExp.On()) return ReplaceByPattern(text);
   const bool all = settings_.Combo_Occurances.Index() == 0;
   const std::optional<int> limit = all ? std::nullopt : NumberOf(settings_.Combo_Occurances);

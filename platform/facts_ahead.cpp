@@ -24,14 +24,17 @@ FactsAhead::FactsAhead(Ask ask, std::vector<std::size_t> entries)
 }
 
 FactsAhead::~FactsAhead() {
-  asked_ = entries_.size();
+  over_ = true;
   if (thread_.joinable()) thread_.join();
 }
 
 void FactsAhead::AskFromTheEnd() {
   for (std::size_t end = entries_.size(); end > asked_.load(std::memory_order_relaxed);) {
     const std::size_t begin = end - std::min(end, block);
-    while (end > begin) answers_.push_back(ask_(entries_[--end]));
+    while (end > begin) {
+      if (over_.load(std::memory_order_relaxed)) return;
+      answers_.push_back(ask_(entries_[--end]));
+    }
     known_.store(answers_.size(), std::memory_order_release);
   }
 }

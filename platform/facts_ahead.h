@@ -15,7 +15,7 @@ namespace tallowbrook {
 
 class FactsAhead {
  public:
-  // `ask` is called from both threads, until the object is gone.
+  // `ask` is called from both threads until the object is gone, and never throws.
   using Ask = std::function<std::optional<FileFacts>(std::size_t entry)>;
 
   // For few entries, on a machine with one processor or where no thread can be had, Of asks all.
@@ -37,8 +37,9 @@ class FactsAhead {
   std::vector<std::optional<FileFacts>> answers_;
   std::size_t next_ = 0;  // of entries_, in the order of Of
   // Apart, since each is written by one thread and read by the other.
-  alignas(64) std::atomic<std::size_t> asked_ = 0;  // entries that Of is done with
+  alignas(64) std::atomic<std::size_t> asked_ = 0;  // entries that Of has begun with
   alignas(64) std::atomic<std::size_t> known_ = 0;  // answers that may be read
+  std::atomic<bool> over_ = false;  // a far disk answers slowly: not even a block is ended
   std::thread thread_;
 };
 

@@ -99,6 +99,16 @@ TEST_F(BindingTest, ATextKeepsItsBytesAndItsCaretAndObeysItsRule) {
   EXPECT_EQ(text.Value(), "x") << "a change behind the widget's end";
 }
 
+TEST_F(BindingTest, LinesKeepTheirEndsAndTheirZeroBytesUntilTheyAreEdited) {
+  const std::string mixed("a\0\r\nb\rc\nd\xFF\xC2\xA0", 12);
+  TextLines text(screen, {.name = "Lines"}, mixed);
+  QPlainTextEdit* edit = binder.Add(text, &window);
+  edit->moveCursor(QTextCursor::End);
+  EXPECT_EQ(text.Value(), mixed);
+  QTest::keyClicks(edit, QStringLiteral("x"));
+  EXPECT_EQ(text.Value(), std::string("a\0\r\nb\r\nc\r\nd\xFF\xC2\xA0x", 15));
+}
+
 TEST_F(BindingTest, AListShowsItemsAndSelectionAsTheyCome) {
   List list(screen, {.name = "List"});
   QComboBox* box = binder.Add(list, &window);

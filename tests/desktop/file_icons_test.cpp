@@ -158,6 +158,11 @@ TEST_F(ThumbnailWindowTest, TheBoxTurnsTheTableToPicturesAndBack) {
             QStringLiteral("Scan Complete, 3 file(s) found of which 2 contained a thumbnail."));
   Get<QAbstractButton>("PushButton_Preview").click();
   EXPECT_EQ(Icons().model()->index(1, 0).data(), QStringLiteral("photo 2-0002.jpg"));
+  home.Write("photo 2-0002.jpg");
+  Get<QAbstractButton>("PushButton_Apply").click();
+  EXPECT_EQ(Icons().model()->index(0, 0).data(), QStringLiteral("photo 1-0001.jpg (success)"));
+  EXPECT_EQ(Icons().model()->index(1, 0).data(), QStringLiteral("(could not rename)"));
+  remove(home.Path("photo 2-0002.jpg").c_str());
   ClickBox();
   EXPECT_TRUE(table.isVisible() && table.hasFocus());
   EXPECT_EQ(table.model()->rowCount(), 3);

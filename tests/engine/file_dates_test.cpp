@@ -33,10 +33,11 @@ TEST_F(FileDatesTest, OneTimeIsSetAndTheOthersKeepTheirNanoseconds) {
     const std::string path = folder.Path(name);
     const timespec before[] = {{1'000'000'000, 123'456'789}, {1'126'422'000, 987'654'321}};
     ASSERT_EQ(utimensat(AT_FDCWD, path.c_str(), before, 0), 0);
-    EXPECT_EQ(fileDates.ProcessAttributes(path, "<DateModified,7/8/2011 9:10:11 AM>"),
-              "<DateModified,9/11/2005 7:00:00 AM>");
     EXPECT_EQ(fileDates.ProcessAttributes(path, "<DateAccessed,7/8/2011>"),
               "<DateAccessed,9/9/2001 1:46:40 AM>");
+    EXPECT_EQ(TimesOf(path).modified.tv_nsec, 987'654'321);
+    EXPECT_EQ(fileDates.ProcessAttributes(path, "<DateModified,7/8/2011 9:10:11 AM>"),
+              "<DateModified,9/11/2005 7:00:00 AM>");
     // Creation can't be set: done, and nothing changes.
     const std::string created = GeneralDateText(UniversalDate(disk.Facts(path)->created));
     EXPECT_TRUE(fileDates.ProcessAttributes(path, "<DateCreated,1/1/2001>")

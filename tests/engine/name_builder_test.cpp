@@ -218,6 +218,8 @@ TEST_F(NewNameTest, HistoriesKeepWhatWasUsed) {
   screen.Find("PushButton_ClearComboBox")->rule();
   EXPECT_TRUE(settings.Combo_Find.Items().empty() && settings.Combo_Replace.Items().empty());
   EXPECT_EQ(settings.Combo_OriginalName.Items().size(), 1U);
+  screen.Find("Cmd_ClearComboBoxName")->rule();
+  EXPECT_TRUE(settings.Combo_OriginalName.Items().empty());
 }
 
 }  // namespace

@@ -1,5 +1,6 @@
 // What a version 2 tag reads as, built byte by byte; what Update makes of a file's bytes, and what
 // it leaves where it fails.
+#include <filesystem>
 #include <functional>
 
 #include "media/mp3_id3v2.h"
@@ -173,6 +174,17 @@ TEST_F(Id3v2Read, RaisesForWhatCannotBeReadAndKeepsWhatWas) {
   EXPECT_FALSE(folder_.Exists("missing"));
 }
 
+// In seconds each if a frame cost what all those before it are.
+TEST_F(Id3v2Read, TakesAnyNumberOfFrames) {
+  std::string different, alike;
+  for (std::uint32_t i = 0; i < 100000; ++i) different += FrameHead(BigEndianBytes(i + 1), 0);
+  for (int i = 0; i < 200000; ++i) alike += ShortFrame("COM", "");
+  EXPECT_EQ(Load(TagBytes(3, 0x7FFFFFFF, different)), 0u);
+  EXPECT_EQ(tag_.FrameCount(), 100000);
+  EXPECT_EQ(Load(TagBytes(2, 0x7FFFFFFF, alike)), 0u);
+  EXPECT_EQ(tag_.TagsInFrame("COMM"), 200000);
+}
+
 using Edit = std::function<void(cMP3ID3v2&)>;
 using NameList = std::vector<std::string>;
 
@@ -263,6 +275,15 @@ TEST_F(Id3v2Write, GoesOverATagThatIsLargerAndElseBeforeTheFile) {
     EXPECT_EQ(folder_.Names("temporary"), NameList{}) << number;
     ++number;
   }
+  // Through a link, the song grows and the link stays one.
+  folder_.Write("f", audio);
+  folder_.MakeLink("link", "f");
+  Tag tag(files_);
+  tag.SetMP3File(folder_.Path("link"));
+  tag.SetTitle("T");
+  tag.Update();
+  EXPECT_TRUE(std::filesystem::is_symlink(folder_.Path("link")));
+  EXPECT_NE(folder_.Read("f"), audio);
 }
 
 TEST_F(Id3v2Write, FailsBeforeTheFileIsTouched) {

@@ -73,8 +73,10 @@ TEST_F(Copy, KeepsBytesAndHolesWhereTheKernelCannotCopy) {
     EXPECT_EQ(hasHoles("copy"), hasHoles("source")) << error;
   }
   {
+    folder_.Write("copy", "older");
     const system_calls::Refusing full({{"copy_file_range", EXDEV}, {"pwrite", ENOSPC}});
     EXPECT_EQ(Run("source", "copy"), FileError::NoSpace);
+    EXPECT_EQ(folder_.Read("copy"), "older") << "a failed copy takes nobody's place";
     EXPECT_EQ(Run("empty", "copy"), FileError::None);
     EXPECT_EQ(folder_.Names(), (NameList{"copy", "empty", "source"}));
   }

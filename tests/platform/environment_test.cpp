@@ -103,7 +103,16 @@ TEST(ProgramFolders, AreWhereTheProgramMayWrite) {
     EXPECT_TRUE(std::filesystem::is_directory(data)) << data;
   }
   EXPECT_EQ(folder.Names("alone").size() + folder.Names("lib/tallowbrook").size(), 1U);
+}
+
+TEST(HomeFolder, IsThatOfTheEnvironmentElseOfThePasswordDatabase) {
+  const char* before = std::getenv("HOME");
+  const std::string home = before ? before : "";
+  setenv("HOME", "/some/where", 1);
+  EXPECT_EQ(HomeFolder(), "/some/where/");
+  unsetenv("HOME");
   EXPECT_TRUE(HomeFolder().starts_with('/') && HomeFolder().ends_with('/'));
+  if (before) setenv("HOME", home.c_str(), 1);
 }
 
 }  // namespace

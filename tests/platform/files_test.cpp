@@ -28,6 +28,7 @@ TEST_F(SystemFilesTest, FactsFollowLinksAndExistsDoesNot) {
   folder_.SetTime("file", 1000000000);
   const FileFacts facts = files_.Facts(folder_.Path("link")).value();
   EXPECT_TRUE(facts.kind == EntryKind::File && facts.size == 5 && facts.modified == 1000000000);
+  EXPECT_GE(facts.created, 1000000000);
   EXPECT_EQ(files_.Facts(folder_.Path())->kind, EntryKind::Folder);
   EXPECT_FALSE(files_.Facts(folder_.Path("dangling")));
   EXPECT_TRUE(files_.Exists(folder_.Path("dangling")));

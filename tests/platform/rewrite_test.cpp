@@ -113,6 +113,10 @@ TEST_F(Rewrite, LeavesWhatItCannotRewriteAndNeedsNeitherLocksNorOwners) {
   EXPECT_EQ(Run("pipe", Same), FileError::Other);
   const FileEdit failing = [](std::string_view) -> std::string { throw std::bad_alloc(); };
   EXPECT_THROW(Run("log", failing), std::bad_alloc);
+  {
+    const system_calls::Refusing refusing({{"fsync", EIO}});
+    EXPECT_EQ(Run("log", Doubled), FileError::Io);
+  }
   EXPECT_EQ(folder_.Read("log"), "old");
   const system_calls::Refusing refusing(
       {{"flock", EOPNOTSUPP}, {"fchown", EPERM}, {"fchmod", EPERM}});

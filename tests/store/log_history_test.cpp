@@ -236,6 +236,8 @@ TEST_F(HistoryTest, BatchesAreDeletedAndOthersStay) {
   EXPECT_EQ(Log(), "\r\n" + batch("2") + batch("4") + batch("unfinished", ""));
   EXPECT_EQ(Summary(), (Lines{"2 10:00 1 0", "4 10:00 1 0"}));
   EXPECT_FALSE(history.Cmd_Undo.Enabled());
+  history.Cmd_Undo.Press();
+  EXPECT_EQ(dialogs.asked.size(), 2U) << "a disabled button asks nothing";
 }
 
 // The listing at the end of a move lets events through while the run's batch is still open.

@@ -24,6 +24,9 @@ class FaultyFiles::Listed : public Wrapped<FolderListing> {
   std::optional<FileFacts> Facts(std::size_t index) const override {
     return faults_.Fails(FileCall::EntryFacts, path_) ? std::nullopt : real_->Facts(index);
   }
+  void ExpectFacts(std::vector<std::size_t> entries) override {
+    real_->ExpectFacts(std::move(entries));
+  }
 };
 
 class FaultyFiles::OpenedForAppend : public Wrapped<AppendFile> {
