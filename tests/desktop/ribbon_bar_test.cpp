@@ -1,6 +1,8 @@
 // The ribbon of the whole window, driven by clicks and keys.
 #include "desktop/ribbon_bar.h"
 
+#include <optional>
+
 #include "desktop/look.h"
 #include "desktop/text.h"
 #include "desktop/theme.h"
@@ -42,11 +44,12 @@ class RibbonBarTest : public WindowTest {
   }
   // The same once the events behind it are through, by which the buttons dispatch.
   std::string Effect(const std::function<void()>& act) {
-    return Effects(*this, form).Of([&] {
+    return effects_.emplace(static_cast<TestWorld&>(*this), form).Of([&] {
       act();
       Settle();
     });
   }
+  std::optional<Effects> effects_;  // the form's hooks refer to it, of the last act to their end
   RibbonBar& Bar() { return static_cast<RibbonBar&>(Get("RibbonBar")); }
   QTabBar& Tabs() { return Get<QTabBar>("RibbonTabs"); }
   static std::string Focused() {

@@ -175,24 +175,5 @@ TEST_F(CommandsTest, EverySurfaceCarriesCommands) {
   }
 }
 
-// What each of them does is told by other tests.
-TEST_F(CommandsTest, TwinButtonsHaveTheirRules) {
-  // clang-format off
-  constexpr const char* names[] = {
-      "Cmd_Apply", "PushButton_Apply", "Cmd_Preview", "PushButton_Preview", "Cmd_Undo", "PushButton_Undo",
-      "Cmd_Exit",
-      "PushButton_Exit", "Cmd_Filter", "PushButton_Filter", "Cmd_ScanSub", "PushButton_ScanSub",
-      "Cmd_SelectAll",
-      "PushButton_SelectAll", "Cmd_SelectNone", "PushButton_SelectNone", "Cmd_Invert",
-      "PushButton_SelectInverse",
-      "Cmd_BrowseMoveTo", "PushButton_Browse", "Cmd_InsertKeyword", "PushButton_InsertKeyword",
-      "Cmd_InsertKeyword1",
-      "PushButton_InsertKeyword1", "Cmd_EditID3", "PushButton_EditID3", "Cmd_ClearComboBox",
-      "PushButton_ClearComboBox",
-      "Cmd_ClearComboBoxName", "PushButton_ClearComboBoxName"};
-  // clang-format on
-  for (const char* name : names) EXPECT_TRUE(Item(name).rule) << name;
-}
-
 }  // namespace
 }  // namespace tallowbrook
