@@ -110,12 +110,12 @@ bool ProfileStore::DeleteProfile(std::int32_t id) {
   return world_.files.Rewrite(path_, without) == FileError::None;
 }
 
-void ProfileStore::LoadProfile(std::int32_t& id) {
+void ProfileStore::LoadProfile(std::int32_t& id, bool keepTab) {
   const std::string block(ProfileBlock(ReadFile(), id));
   id = WholeNumber(GetVar(block, idKey, "0")).value_or(0);
   current_ = {std::string(GetVar(block, nameKey, "")), id};
   const std::function<void()> steps[] = {
-      [&] { SetSettings(block); },
+      [&] { SetSettings(block, keepTab); },
       [&] { world_.settings.Check_UseCurrentDateTime.rule(); },
       [&] { SetLists(block); },
       [&] { world_.pages.ShowTabPage(world_.settings.TabIndex.Index()); },
@@ -136,7 +136,7 @@ void ProfileStore::LoadProfile(std::int32_t& id) {
 // No page is no value. The direction gives way first, since letters and dates would ask about a
 // random one. Then twice, since the rules of a later control may change an earlier one: the 29th of
 // February gives way until its year is there.
-void ProfileStore::SetSettings(std::string_view block) {
+void ProfileStore::SetSettings(std::string_view block, bool keepTab) {
   const std::string today = GeneralDateText(StartOfDay(world_.clock.Now()));
   const auto set = [&](Control& control) {
     std::string value = ValueOf(block, control.Facts());
@@ -146,7 +146,9 @@ void ProfileStore::SetSettings(std::string_view block) {
   };
   world_.settings.Combo_Direction.Select(DirectionIncrement);
   for (int pass = 0; pass < 2; ++pass) {
-    for (Control* control : Settings()) set(*control);
+    for (Control* control : Settings()) {
+      if (!keepTab || control != &world_.settings.TabIndex) set(*control);
+    }
   }
 }
 

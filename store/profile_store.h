@@ -57,8 +57,8 @@ class ProfileStore {
   // False as for a save. A profile that there isn't is none.
   bool DeleteProfile(std::int32_t id);
   // Sets everything that a profile holds; one that isn't in the file stands for all defaults. `id`
-  // is then the one found, 0 without one.
-  void LoadProfile(std::int32_t& id);
+  // is then the one found, 0 without one. `keepTab` leaves the page as it is.
+  void LoadProfile(std::int32_t& id, bool keepTab = false);
   void LoadProfileList();
 
   // Told of a changed list, a changed current profile, and a style to be applied.
@@ -72,7 +72,7 @@ class ProfileStore {
   std::vector<Control*> Settings() const;
   std::vector<History*> Lists() const;
   std::string Block(std::int32_t id, std::string_view name) const;
-  void SetSettings(std::string_view block);
+  void SetSettings(std::string_view block, bool keepTab);
   void SetLists(std::string_view block);
   void ChooseOptions();
   void ShowView(std::string_view block);

@@ -106,7 +106,7 @@ TEST_F(ProfileStoreTest, ListsPanelsAndTheViewComeBackToo) {
 }
 
 // A name with a blank at its end comes back; one of two lines doesn't, and leads to no other folder.
-TEST_F(ProfileStoreTest, StyleThumbnailsPageAndOddFoldersComeBack) {
+TEST_F(ProfileStoreTest, StyleThumbnailsAndOddFoldersComeBackAndAPageMayStay) {
   for (const char* name : {"blank ", "two\nlines", "two"}) home.MakeFolder(name);
   home.Write("photo.jpg", "1");
   form.scan.SelectFolder(home.Path() + "blank ");
@@ -118,11 +118,12 @@ TEST_F(ProfileStoreTest, StyleThumbnailsPageAndOddFoldersComeBack) {
   form.profiles.SaveProfile(2, "two lines");
   Load(-1);
   EXPECT_FALSE(form.scan.ThumbnailMode || form.pane.Check_Thumbnails.On());
-  Load(1);
+  std::int32_t id = 1;
+  form.profiles.LoadProfile(id, true);
   EXPECT_EQ(form.CurrentStyle, "/styles/Office2007Aqua.dll");
   EXPECT_TRUE(form.scan.ThumbnailMode && form.pane.Check_Thumbnails.On());
   EXPECT_EQ(WithSlash(form.scan.LastScanFolder), home.Path() + "blank /");
-  EXPECT_EQ(form.settings.TabIndex.Index(), PageTags);
+  EXPECT_EQ(form.settings.TabIndex.Index(), PageProperties);
   form.scan.SelectFolder(home.Path());
   EXPECT_EQ(form.ListView1.Count(), 1U) << "the photos alone";
   Load(2);
