@@ -116,7 +116,7 @@ QString BatchFileModel::TextOf(std::size_t row, int section) const {
     case OldPath:
       return VisibleText(history_.Files.OldPath(row));
     case NewPath:
-      return VisibleText(history_.Files.NewPathOrReason(row));
+      return VisibleText(history_.Files.NewPath(row));
     default:
       return VisibleText(history_.Files.Detail(row));
   }

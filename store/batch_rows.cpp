@@ -4,7 +4,6 @@
 #include <array>
 #include <unordered_map>
 
-#include "engine/name_builder.h"
 #include "store/log_format.h"
 
 namespace tallowbrook {
@@ -119,13 +118,6 @@ std::string BatchRows::OldPath(std::size_t row) const {
 std::string BatchRows::NewPath(std::size_t row) const {
   return folders_[At(row).folders].ofNew +
          log_format::Unescaped(LeafOf(RecordOf(At(row).line).newPath));
-}
-
-std::string BatchRows::NewPathOrReason(std::size_t row) const {
-  std::string path = NewPath(row);
-  const std::string_view leaf = LeafOf(path);
-  if (ColourOf(row) != ResultColour::Error || !leaf.starts_with(FailureMarker)) return path;
-  return std::string(leaf.substr(FailureMarker.size()));
 }
 
 std::string BatchRows::DateCommand(std::size_t row) const {

@@ -32,9 +32,6 @@ class BatchRows {
   ResultColour ColourOf(std::size_t row) const;
   std::string OldPath(std::size_t row) const;
   std::string NewPath(std::size_t row) const;
-  // What the column "New Filename" says to people: that path, or why a mask had no name for the
-  // file.
-  std::string NewPathOrReason(std::size_t row) const;
   // The former date of a date change, as a date command; empty for other records.
   std::string DateCommand(std::size_t row) const;
   // What the column "Detail" shows: the date command, then how the undo ended.
