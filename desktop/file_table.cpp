@@ -11,8 +11,6 @@ namespace tallowbrook {
 
 namespace {
 
-constexpr int leastDirectory = 200;
-
 // Paints a cell's background as a badge no wider than its text.
 class BadgeDelegate : public RowDelegate {
  public:
@@ -59,30 +57,7 @@ void FileTable::SetUpColumns() {
       setColumnHidden(section, true);
     }
   }
-  connect(&header, &QHeaderView::sectionResized, this, [this](int section) {
-    if (!filling_ && section == SectionOf(Column::Directory)) {
-      horizontalHeader()->setProperty(folderFillsRest, false);
-    }
-    FillWidth();
-  });
-  header.setProperty(folderFillsRest, true);
   connect(&header, &QHeaderView::sectionClicked, this, [this](int section) { SortBy(section); });
-}
-
-// The folder comes last and ends where the view does: a width of its own, for the longest of paths,
-// would let the list scroll far into emptiness. It keeps as much room as a name's start needs.
-void FileTable::FillWidth() {
-  if (filling_ || !horizontalHeader()->property(folderFillsRest).toBool()) return;
-  filling_ = true;
-  const Finally done([this] { filling_ = false; });
-  const int directory = SectionOf(Column::Directory);
-  const int others = horizontalHeader()->length() - columnWidth(directory);
-  setColumnWidth(directory, std::max(viewport()->width() - others, leastDirectory));
-}
-
-void FileTable::resizeEvent(QResizeEvent* event) {
-  FileView::resizeEvent(event);
-  FillWidth();
 }
 
 void FileTable::SortBy(int section) {

@@ -5,18 +5,15 @@
 #include <QSplitter>
 #include <cmath>
 
-#include "desktop/file_table.h"
-#include "desktop/file_table_model.h"
 #include "desktop/ribbon_bar.h"
 
 namespace tallowbrook {
 
 namespace {
 
-constexpr char treeKey[] = "tree";  // its width in points
-// The widths in points; 0 for a column that doesn't show, or that fills what the others leave.
-constexpr char columnsKey[] = "columns";
-constexpr char tabKey[] = "ribbonTab";  // from 0
+constexpr char treeKey[] = "tree";        // its width in points
+constexpr char columnsKey[] = "columns";  // the widths in points, 0 for one that doesn't show
+constexpr char tabKey[] = "ribbonTab";    // from 0
 constexpr char minimisedKey[] = "ribbonMinimised";
 constexpr int widestColumn = 2000;
 
@@ -59,9 +56,7 @@ void SaveLayout(const WindowParts& parts, QSettings& settings) {
   settings.setValue(QLatin1String(treeKey), parts.splitter.sizes().value(0));
   QStringList widths;
   for (int column = 0; column < parts.columns.count(); ++column) {
-    const bool fills =
-        column == SectionOf(Column::Directory) && parts.columns.property(folderFillsRest).toBool();
-    widths += QString::number(fills ? 0 : parts.columns.sectionSize(column));
+    widths += QString::number(parts.columns.sectionSize(column));
   }
   settings.setValue(QLatin1String(columnsKey), widths);
   settings.setValue(QLatin1String(tabKey), parts.ribbon.SelectedTab());

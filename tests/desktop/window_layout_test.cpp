@@ -17,7 +17,6 @@ class WindowLayoutTest : public WindowTest {
   struct Arrangement {
     int tree;
     int name;
-    int folder;
     int tab;
     bool minimised;
     bool operator==(const Arrangement&) const = default;
@@ -26,7 +25,7 @@ class WindowLayoutTest : public WindowTest {
     Settle();
     const WindowParts parts = shown.Parts();
     return {parts.splitter.sizes().value(0), parts.columns.sectionSize(1),
-            parts.columns.sectionSize(6), parts.ribbon.SelectedTab(), parts.ribbon.IsMinimised()};
+            parts.ribbon.SelectedTab(), parts.ribbon.IsMinimised()};
   }
   QString Path() const { return QString::fromStdString(home.Path("layout.ini")); }
 };
@@ -39,7 +38,6 @@ TEST_F(WindowLayoutTest, TheNextWindowIsArrangedAsTheLastOneWas) {
   QTest::mouseMove(&handle, {102, 50});
   QTest::mouseRelease(&handle, Qt::LeftButton, {}, {2, 50});
   parts.columns.resizeSection(1, 333);
-  parts.columns.resizeSection(6, 444);
   parts.ribbon.SelectTab(2);
   parts.ribbon.SetMinimised(true);
   const Arrangement last = Of(window);
