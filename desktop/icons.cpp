@@ -66,8 +66,10 @@ class CellIcon : public QIconEngine {
 
   void paint(QPainter* painter, const QRect& rect, QIcon::Mode mode, QIcon::State state) override {
     const qreal scale = painter->device()->devicePixelRatioF();
+    const bool isSmooth = painter->testRenderHint(QPainter::SmoothPixmapTransform);
     painter->setRenderHint(QPainter::SmoothPixmapTransform);
     painter->drawPixmap(rect, scaledPixmap(rect.size() * scale, mode, state, scale));
+    painter->setRenderHint(QPainter::SmoothPixmapTransform, isSmooth);
   }
   QPixmap pixmap(const QSize& size, QIcon::Mode mode, QIcon::State state) override {
     return scaledPixmap(size, mode, state, 1);
